@@ -1,0 +1,154 @@
+#include <hmi/core/foundation/ConfigManager.h>
+
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QSettings>
+#include <algorithm>
+
+namespace Hmi::Core {
+
+static QString textOf(const QVariant& aValue)
+{
+    return aValue.type() == QVariant::StringList ? aValue.toStringList().join(QLatin1Char(','))
+                                                 : aValue.toString();
+}
+
+static bool readsAs(QVariant::Type aType, const QString& aText)
+{
+    bool readable = true;
+    if (aType == QVariant::Int)
+        aText.toInt(&readable);
+    else if (aType == QVariant::Bool)
+        readable = QStringList{QStringLiteral("true"), QStringLiteral("false"), QStringLiteral("1"),
+                               QStringLiteral("0")}
+                       .contains(aText, Qt::CaseInsensitive);
+    return readable;
+}
+
+static const char* expectedForm(QVariant::Type aType)
+{
+    return aType == QVariant::Int ? "a whole number" : "true or false";
+}
+
+void ConfigManager::setPlaceholders(const QHash<QString, QString>& aPlaceholders)
+{
+    mPlaceholders = aPlaceholders;
+}
+
+bool ConfigManager::load(const QString& aFilePath)
+{
+    if (!isReadable(aFilePath))
+        return false;
+    QSettings settings(aFilePath, QSettings::IniFormat);
+    settings.setIniCodec("UTF-8");
+    const QString baseDirectory = QFileInfo(aFilePath).path() + QLatin1Char('/');
+    const QStringList keys = settings.allKeys();
+    mEntries.reserve(mEntries.size() + keys.size());
+    for (const QString& key : keys) {
+        Entry& entry = mEntries[key];
+        entry.baseDirectory = baseDirectory;
+        entry.fileValue = settings.value(key);
+        if (mPlaceholders.isEmpty())
+            continue;
+        QString expanded = textOf(entry.fileValue);
+        if (expandPlaceholders(expanded))
+            entry.fileValue = expanded;
+    }
+    if (settings.status() != QSettings::NoError)
+        qWarning("WARNING: The config file, %s, has lines that are not \"key=value\"; they are ignored.",
+                 qPrintable(aFilePath));
+    mFilePath = aFilePath;
+    return true;
+}
+
+bool ConfigManager::isReadable(const QString& aFilePath) const
+{
+    const QFileInfo info(aFilePath);
+    const QByteArray path = aFilePath.toLocal8Bit();
+    if (!info.exists()) {
+        qWarning("WARNING: The config file, %s, could not be loaded because it does not exist.",
+                 path.constData());
+        return false;
+    }
+    if (!info.isFile()) {
+        qWarning("WARNING: The config file, %s, could not be loaded because it is not a regular file.",
+                 path.constData());
+        return false;
+    }
+    if (!info.isReadable()) {
+        qWarning("WARNING: The config file, %s, could not be loaded because reading it is not permitted.",
+                 path.constData());
+        return false;
+    }
+    if (info.size() > MaximumFileSize) {
+        qWarning("WARNING: The config file, %s, could not be loaded because its %lld bytes exceed the limit of "
+                 "%lld; check that it is the right file.",
+                 path.constData(), info.size(), MaximumFileSize);
+        return false;
+    }
+    return true;
+}
+
+bool ConfigManager::expandPlaceholders(QString& aText) const
+{
+    static const QRegularExpression pattern(QStringLiteral("%%([0-9a-zA-Z]{1,100})%%"));
+    bool replaced = false;
+    int offset = 0;
+    auto matches = pattern.globalMatch(QString(aText));
+    while (matches.hasNext()) {
+        const QRegularExpressionMatch match = matches.next();
+        const auto replacement = mPlaceholders.constFind(match.captured(1));
+        if (replacement == mPlaceholders.constEnd()) {
+            qWarning("WARNING: Found placeholder, %s, but no corresponding value to replace it.",
+                     qPrintable(match.captured(1)));
+            continue;
+        }
+        aText.replace(match.capturedStart() + offset, match.capturedLength(), *replacement);
+        offset += replacement->size() - match.capturedLength();
+        replaced = true;
+    }
+    return replaced;
+}
+
+void ConfigManager::registerDefault(const QString& aKey, const QVariant& aDefault, bool aIsPath)
+{
+    Entry& entry = mEntries[aKey];
+    entry.defaultValue = aDefault;
+    entry.isPath = aIsPath;
+    if (entry.fileValue.isValid() && !readsAs(aDefault.type(), textOf(entry.fileValue)))
+        qWarning("WARNING: The value \"%s\" of %s in %s is not %s; write it as for example %s.",
+                 qPrintable(textOf(entry.fileValue)), qPrintable(aKey), qPrintable(mFilePath),
+                 expectedForm(aDefault.type()), qPrintable(aDefault.toString()));
+}
+
+QVariant ConfigManager::value(const QString& aKey, bool aResolvePaths) const
+{
+    const auto entry = mEntries.constFind(aKey);
+    if (entry == mEntries.constEnd())
+        return QVariant();
+    if (!entry->fileValue.isValid())
+        return entry->defaultValue;
+    if (aResolvePaths && entry->isPath) {
+        const QString path = textOf(entry->fileValue);
+        if (QFileInfo(path).isRelative())
+            return QVariant(entry->baseDirectory + path);
+    }
+    return entry->fileValue;
+}
+
+QString ConfigManager::text(const QString& aKey, bool aResolvePaths) const
+{
+    return textOf(value(aKey, aResolvePaths));
+}
+
+QStringList ConfigManager::getKeys() const
+{
+    QStringList keys = mEntries.keys();
+    std::sort(keys.begin(), keys.end());
+    return keys;
+}
+
+bool ConfigManager::isFromFile(const QString& aKey) const { return mEntries.value(aKey).fileValue.isValid(); }
+
+} // namespace Hmi::Core

@@ -16,8 +16,8 @@ struct Event
 };
 
 /**
- * The process's latest performance events, in a ring of fixed size: raising an event allocates nothing, takes no
- * lock and may happen on any thread. When the ring is full the oldest event is overwritten.
+ * The process's latest performance events, in a ring of fixed size: raising an event allocates nothing, takes
+ * no lock and may happen on any thread. When the ring is full the oldest event is overwritten.
  *
  * Names are kept as UTF-16, cut after MaximumNameLength code units.
  */
@@ -31,15 +31,16 @@ public:
     void raise(const QString& aName) noexcept;
 
     /**
-     * The recorded events, oldest first. To be read while no other thread raises events; one that is being written
-     * at that moment is left out.
+     * The recorded events, oldest first. To be read while no other thread raises events; one that is being
+     * written at that moment is left out.
      */
     QVector<Event> events() const;
 
 private:
     struct Slot
     {
-        std::atomic<std::uint32_t> written{0}; ///< 1 + the event's sequence number once it is complete, else 0
+        std::atomic<std::uint32_t> written{
+            0}; ///< 1 + the event's sequence number once it is complete, else 0
         std::int64_t nanoseconds = 0;
         int length = 0;
         std::array<char16_t, MaximumNameLength> name{};

@@ -4,8 +4,8 @@
 #include <QtGlobal>
 
 /**
- * What a check expects the code to log. While a check runs, every message of level warning or above that was not
- * announced here fails the check, and so does an announced one that never came.
+ * What a check expects the code to log. While a check runs, every message of level warning or above that was
+ * not announced here fails the check, and so does an announced one that never came.
  */
 namespace HmiTest {
 

@@ -6,8 +6,8 @@
 namespace Hmi::Core {
 
 /**
- * What the typed facades of the configuration share: registering the defaults of their keys and reading them back.
- * A facade derives from it privately. Main thread only.
+ * What the typed facades of the configuration share: registering the defaults of their keys and reading them
+ * back. A facade derives from it privately. Main thread only.
  */
 class Q_DECL_EXPORT ConfigFacade
 {

@@ -82,9 +82,10 @@ bool ConfigManager::isReadable(const QString& aFilePath) const
         return false;
     }
     if (info.size() > MaximumFileSize) {
-        qWarning("WARNING: The config file, %s, could not be loaded because its %lld bytes exceed the limit of "
-                 "%lld; check that it is the right file.",
-                 path.constData(), info.size(), MaximumFileSize);
+        qWarning(
+            "WARNING: The config file, %s, could not be loaded because its %lld bytes exceed the limit of "
+            "%lld; check that it is the right file.",
+            path.constData(), info.size(), MaximumFileSize);
         return false;
     }
     return true;
@@ -149,6 +150,9 @@ QStringList ConfigManager::getKeys() const
     return keys;
 }
 
-bool ConfigManager::isFromFile(const QString& aKey) const { return mEntries.value(aKey).fileValue.isValid(); }
+bool ConfigManager::isFromFile(const QString& aKey) const
+{
+    return mEntries.value(aKey).fileValue.isValid();
+}
 
 } // namespace Hmi::Core

@@ -11,17 +11,18 @@
 namespace Hmi::Core {
 
 /**
- * The start-up configuration of the process: the keys of one INI file over the defaults that the typed facades
- * (HmiCoreConfigs, HmiSharedConfigs) register. Components read through a facade, not through this class.
+ * The start-up configuration of the process: the keys of one INI file over the defaults that the typed
+ * facades (HmiCoreConfigs, HmiSharedConfigs) register. Components read through a facade, not through this
+ * class.
  *
- * A full key is group, "/" and name, as in "HmiCore/ThemesPath"; a key that stands before any group has no "/".
- * The file is UTF-8 text. It is read once, there is no reload, and nothing is ever written.
+ * A full key is group, "/" and name, as in "HmiCore/ThemesPath"; a key that stands before any group has no
+ * "/". The file is UTF-8 text. It is read once, there is no reload, and nothing is ever written.
  *
- * Values may hold placeholders, "%%NAME%%" with a name of 1 to 100 ASCII letters and digits, which are replaced from
- * the table that the host hands in before loading. Replaced text is not searched again.
+ * Values may hold placeholders, "%%NAME%%" with a name of 1 to 100 ASCII letters and digits, which are
+ * replaced from the table that the host hands in before loading. Replaced text is not searched again.
  *
- * Main thread only. Bad input is reported once, as a warning that names the file or key; the keys that could not be
- * read keep their defaults.
+ * Main thread only. Bad input is reported once, as a warning that names the file or key; the keys that could
+ * not be read keep their defaults.
  */
 class Q_DECL_EXPORT ConfigManager : public SingletonCpp<ConfigManager>
 {
@@ -36,25 +37,26 @@ public:
     void setPlaceholders(const QHash<QString, QString>& aPlaceholders);
 
     /**
-     * Reads the file. False, with nothing changed, when it is missing, is no regular file, cannot be read or is too
-     * large. A file with lines that are no INI syntax is reported, and its other keys are taken.
+     * Reads the file. False, with nothing changed, when it is missing, is no regular file, cannot be read or
+     * is too large. A file with lines that are no INI syntax is reported, and its other keys are taken.
      */
     bool load(const QString& aFilePath);
 
     /**
-     * Registers the default of a key; a value already read from the file is kept. A path key's relative file value
-     * is taken relative to the file's folder. A file value that does not read as the default's type (whole number
-     * or switch) is reported and still converted by the ordinary QVariant rules, so 0 or true.
+     * Registers the default of a key; a value already read from the file is kept. A path key's relative file
+     * value is taken relative to the file's folder. A file value that does not read as the default's type
+     * (whole number or switch) is reported and still converted by the ordinary QVariant rules, so 0 or true.
      */
     void registerDefault(const QString& aKey, const QVariant& aDefault, bool aIsPath);
 
     /**
-     * The file value, else the default, else an invalid value. With aResolvePaths a path key's relative file value
-     * is returned behind its file's folder, not otherwise cleaned.
+     * The file value, else the default, else an invalid value. With aResolvePaths a path key's relative file
+     * value is returned behind its file's folder, not otherwise cleaned.
      */
     QVariant value(const QString& aKey, bool aResolvePaths) const;
 
-    /** As value(), as text: a list, which is how an INI value with unquoted commas reads, is joined with ",". */
+    /** As value(), as text: a list, which is how an INI value with unquoted commas reads, is joined with ",".
+     */
     QString text(const QString& aKey, bool aResolvePaths) const;
 
     /** The path handed to the last successful load(), or an empty string. */

@@ -10,11 +10,12 @@
 namespace Hmi::Core {
 
 /**
- * Typed access to the group "HmiCore" of the configuration, and the owner of its defaults. Created after the file was
- * loaded; each getter reads one key, named as the getter. QML reaches it as HmiCore.configs and may not create it.
+ * Typed access to the group "HmiCore" of the configuration, and the owner of its defaults. Created after the
+ * file was loaded; each getter reads one key, named as the getter. QML reaches it as HmiCore.configs and may
+ * not create it.
  *
- * Paths are returned ready for use: a relative path of the file is taken relative to the file's folder, a relative
- * default relative to the working directory.
+ * Paths are returned ready for use: a relative path of the file is taken relative to the file's folder, a
+ * relative default relative to the working directory.
  */
 class Q_DECL_EXPORT HmiCoreConfigs : public SingletonCpp<HmiCoreConfigs>, private ConfigFacade
 {
@@ -39,9 +40,9 @@ public:
     Q_INVOKABLE int getPrimaryDisplayIndex() const;
     Q_INVOKABLE int getSecondaryDisplayIndex() const;
     /**
-     * The sizes of a list such as "800x480, 1024x768", in pixels and in the order listed. Sizes are separated by
-     * commas, semicolons or blanks; blanks around the "x" do not matter. An entry that is no size of at least 1x1 is
-     * reported as a warning and skipped.
+     * The sizes of a list such as "800x480, 1024x768", in pixels and in the order listed. Sizes are separated
+     * by commas, semicolons or blanks; blanks around the "x" do not matter. An entry that is no size of at
+     * least 1x1 is reported as a warning and skipped.
      */
     Q_INVOKABLE QList<QSize> getPrimaryDisplayResolution() const;
     /** As getPrimaryDisplayResolution(). */

@@ -6,8 +6,8 @@
 namespace Hmi::Core {
 
 /**
- * Receives the performance markers of start-up and shutdown. The host creates a policy and hands it to the core's
- * initialisation; without one nothing is raised.
+ * Receives the performance markers of start-up and shutdown. The host creates a policy and hands it to the
+ * core's initialisation; without one nothing is raised.
  */
 class Q_DECL_EXPORT PerfEventPolicyBase : public QObject
 {

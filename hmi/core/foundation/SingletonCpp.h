@@ -20,10 +20,11 @@ namespace Hmi::Core {
  *
  * The instance is created on first use, on the application's main thread; a first use elsewhere, or without a
  * QCoreApplication, ends the process with "Singleton must be created on main thread". Once created it may be
- * reached from any thread without a lock. It is owned by its InstanceTracker, which deletes it at shutdown in reverse
- * order of creation; deleting it by hand makes the next use create a new one.
+ * reached from any thread without a lock. It is owned by its InstanceTracker, which deletes it at shutdown in
+ * reverse order of creation; deleting it by hand makes the next use create a new one.
  *
- * A class in a shared library must be exported, so that every library and plugin of the process shares its statics.
+ * A class in a shared library must be exported, so that every library and plugin of the process shares its
+ * statics.
  */
 template <class T>
 class Q_DECL_EXPORT SingletonCpp : public QObject

@@ -12,7 +12,8 @@ class QQmlEngine;
 namespace Hmi::Core {
 
 /**
- * Base of a service class that exists once, is used from native code and is handed to QML as a singleton type.
+ * Base of a service class that exists once, is used from native code and is handed to QML as a singleton
+ * type.
  *
  *     class Q_DECL_EXPORT Clock : public Hmi::Core::SingletonCppQml<Clock>
  *     {
@@ -22,10 +23,10 @@ namespace Hmi::Core {
  *     };
  *     qmlRegisterSingletonType<Clock>("hmi.shared", 1, 0, "Clock", &Clock::registerInstance);
  *
- * For native code it behaves as SingletonCpp: created on the main thread on first use, then reachable from any
- * thread without a lock. Once a QML engine has asked for it the engine owns it, also when native code created it,
- * and deletes it with itself; the next use then creates a new one. Instances that no engine took are deleted by
- * InstanceTracker::deleteInstancesCpp() or at process exit.
+ * For native code it behaves as SingletonCpp: created on the main thread on first use, then reachable from
+ * any thread without a lock. Once a QML engine has asked for it the engine owns it, also when native code
+ * created it, and deletes it with itself; the next use then creates a new one. Instances that no engine took
+ * are deleted by InstanceTracker::deleteInstancesCpp() or at process exit.
  *
  * The constructor's engine arguments are null when native code creates the instance.
  */
@@ -42,7 +43,8 @@ public:
         return createInstance();
     }
 
-    /** The provider for qmlRegisterSingletonType(): hands the one instance to the engine, which then owns it. */
+    /** The provider for qmlRegisterSingletonType(): hands the one instance to the engine, which then owns it.
+     */
     static QObject* registerInstance(QQmlEngine* aEngine, QJSEngine* aScriptEngine)
     {
         QObject* provided = sTracker.getInstance();

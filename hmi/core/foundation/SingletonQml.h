@@ -8,8 +8,8 @@ class QQmlEngine;
 namespace Hmi::Core {
 
 /**
- * Base of a class of which every QML engine has an instance of its own. Nothing is tracked: each engine owns and
- * deletes the object that it asked for, and native code cannot reach it.
+ * Base of a class of which every QML engine has an instance of its own. Nothing is tracked: each engine owns
+ * and deletes the object that it asked for, and native code cannot reach it.
  */
 template <class T>
 class Q_DECL_EXPORT SingletonQml : public QObject

@@ -35,8 +35,8 @@ static QString systemConfigurationDirectory()
 HmiSharedConfigs::HmiSharedConfigs()
 {
     const QString localState = path(QStringLiteral("HmiCore/GnuLocalstatedir"));
-    const QString resources = path(QStringLiteral("HmiCore/GnuDatadir")) + QLatin1Char('/')
-                              + QCoreApplication::applicationName() + QLatin1Char('/');
+    const QString resources = path(QStringLiteral("HmiCore/GnuDatadir")) + QLatin1Char('/') +
+                              QCoreApplication::applicationName() + QLatin1Char('/');
     qWarning("resourcesPath: %s", qPrintable(resources));
 
     addPath(Key::DataManagerConfigPath,
@@ -58,19 +58,40 @@ HmiSharedConfigs::HmiSharedConfigs()
     addValue(Key::VoicesPath, QStringLiteral("C:/Projects/R7_Voices/voices"));
 }
 
-bool HmiSharedConfigs::getDataManagerEnabled() const { return flag(Key::DataManagerEnabled); }
+bool HmiSharedConfigs::getDataManagerEnabled() const
+{
+    return flag(Key::DataManagerEnabled);
+}
 
-bool HmiSharedConfigs::getDeveloperModeEnabled() const { return flag(Key::DeveloperModeEnabled); }
+bool HmiSharedConfigs::getDeveloperModeEnabled() const
+{
+    return flag(Key::DeveloperModeEnabled);
+}
 
-bool HmiSharedConfigs::getDiagnosticModeEnabled() const { return flag(Key::DiagnosticModeEnabled); }
+bool HmiSharedConfigs::getDiagnosticModeEnabled() const
+{
+    return flag(Key::DiagnosticModeEnabled);
+}
 
-QString HmiSharedConfigs::getErrorReportPath() const { return path(Key::ErrorReportPath); }
+QString HmiSharedConfigs::getErrorReportPath() const
+{
+    return path(Key::ErrorReportPath);
+}
 
-QString HmiSharedConfigs::getErrorReportExportPath() const { return path(Key::ErrorReportPathExport); }
+QString HmiSharedConfigs::getErrorReportExportPath() const
+{
+    return path(Key::ErrorReportPathExport);
+}
 
-QString HmiSharedConfigs::getEulaPath() const { return path(Key::EulaPath); }
+QString HmiSharedConfigs::getEulaPath() const
+{
+    return path(Key::EulaPath);
+}
 
-bool HmiSharedConfigs::getScaleToFitViewport() const { return flag(Key::ScaleToFitViewport); }
+bool HmiSharedConfigs::getScaleToFitViewport() const
+{
+    return flag(Key::ScaleToFitViewport);
+}
 
 HmiSharedConfigs::ViewportScaling HmiSharedConfigs::getScaleViewportToFitWindow() const
 {
@@ -84,16 +105,34 @@ HmiSharedConfigs::ViewportScaling HmiSharedConfigs::getScaleViewportToFitWindow(
     return ViewportScalingPad;
 }
 
-QString HmiSharedConfigs::getScreenSnapshotPath() const { return path(Key::ScreenSnapshotPath); }
+QString HmiSharedConfigs::getScreenSnapshotPath() const
+{
+    return path(Key::ScreenSnapshotPath);
+}
 
-bool HmiSharedConfigs::getSignalServiceEnabled() const { return flag(Key::SignalServiceEnabled); }
+bool HmiSharedConfigs::getSignalServiceEnabled() const
+{
+    return flag(Key::SignalServiceEnabled);
+}
 
-bool HmiSharedConfigs::getSystemUpdateEnabled() const { return flag(Key::SystemUpdateEnabled); }
+bool HmiSharedConfigs::getSystemUpdateEnabled() const
+{
+    return flag(Key::SystemUpdateEnabled);
+}
 
-bool HmiSharedConfigs::getVoiceManagerEnabled() const { return flag(Key::VoiceManagerEnabled); }
+bool HmiSharedConfigs::getVoiceManagerEnabled() const
+{
+    return flag(Key::VoiceManagerEnabled);
+}
 
-QString HmiSharedConfigs::getVoiceServiceManagerConfig() const { return text(Key::VoiceServiceManagerConfig); }
+QString HmiSharedConfigs::getVoiceServiceManagerConfig() const
+{
+    return text(Key::VoiceServiceManagerConfig);
+}
 
-QString HmiSharedConfigs::getVoicesPath() const { return path(Key::VoicesPath); }
+QString HmiSharedConfigs::getVoicesPath() const
+{
+    return text(Key::VoicesPath);
+}
 
 } // namespace Hmi::Shared

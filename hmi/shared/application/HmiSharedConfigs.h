@@ -8,9 +8,10 @@
 namespace Hmi::Shared {
 
 /**
- * Typed access to the group "HmiShared" of the configuration, and the owner of its defaults. Created after the file
- * was loaded and after HmiCoreConfigs, from whose folders its defaults follow; each getter reads one key. QML reaches
- * it as HmiShared.configs and may not create it. Creation logs the resources path that the defaults use.
+ * Typed access to the group "HmiShared" of the configuration, and the owner of its defaults. Created after
+ * the file was loaded and after HmiCoreConfigs, from whose folders its defaults follow; each getter reads one
+ * key. QML reaches it as HmiShared.configs and may not create it. Creation logs the resources path that the
+ * defaults use.
  */
 class Q_DECL_EXPORT HmiSharedConfigs : public Core::SingletonCpp<HmiSharedConfigs>, private Core::ConfigFacade
 {

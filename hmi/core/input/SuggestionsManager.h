@@ -2,17 +2,14 @@
 
 #include <QString>
 #include <QStringList>
-#include <QThreadPool>
 #include <QTimer>
-#include <memory>
 
 #include <hmi/core/foundation/SingletonCppQml.h>
 #include <hmi/core/input/LanguageFiles.h>
 #include <hmi/core/input/UserWords.h>
+#include <hmi/core/input/WordList.h>
 
 namespace Hmi::Core {
-
-class WordList;
 
 /**
  * Suggests words while the user types: first the user's own words, the most recently used one first, then
@@ -20,11 +17,10 @@ class WordList;
  * suggestions path.
  *
  * The user's words are the same for every language, are bounded in number (the configuration's limit; the
- * least recently used word is dropped) and are kept in a file, written whole or not at all soon after each
- * change and when the manager goes away.
+ * least recently used word is dropped) and are kept in a file, written whole or not at all once the changes
+ * pause for SaveDelay and when the manager goes away.
  *
- * Main thread only; it reads word lists and writes files on a thread of its own and never waits for it, save
- * when it goes away.
+ * Main thread only. The size of a word list is bounded so that loading one takes a few frames at most.
  */
 class Q_DECL_EXPORT SuggestionsManager : public SingletonCppQml<SuggestionsManager>
 {
@@ -35,6 +31,9 @@ class Q_DECL_EXPORT SuggestionsManager : public SingletonCppQml<SuggestionsManag
     friend class SingletonCppQml<SuggestionsManager>;
 
 public:
+    /** Milliseconds. */
+    static constexpr int SaveDelay = 500;
+
     /**
      * The user's words are in "suggestions_user_words.txt" in aUserFolder, which is made when it is missing.
      * The application's instance uses the folder named as the application in the local-state directory.
@@ -52,11 +51,10 @@ public:
     QStringList getUserWords() const { return mUserWords.getWords(); }
 
     /**
-     * Loads the word list of a language, else of the language without or with another country, and uses it
-     * once it is there; the last call wins. A list that is missing, too large or no text is reported by one
-     * warning and languageFailed(), and the old one stays.
+     * Uses the word list of a language, else of the language without or with another country. False, after
+     * one warning and with the old list in place, when there is none, or it is too large or no text.
      */
-    Q_INVOKABLE void loadLanguage(const QString& aLanguage);
+    Q_INVOKABLE bool loadLanguage(const QString& aLanguage);
 
     /**
      * At most aMaximum words that begin with the prefix regardless of case. An empty prefix suggests the
@@ -74,27 +72,21 @@ public:
 
 signals:
     void languageChanged();
-    void languageFailed(const QString& aLanguage);
     void userWordsChanged();
 
 private:
     SuggestionsManager(QQmlEngine* aEngine, QJSEngine* aScriptEngine);
 
-    void rejectLanguage(const QString& aLanguage, const QString& aProblem);
     void takeUserWordsChange();
     void saveUserWords();
 
     const LanguageFiles mFiles;
     const QString mUserWordsFile;
     QString mLanguage;
-    std::shared_ptr<const WordList> mWords;
-    int mLastRequest = 0;
+    WordList mWords;
     UserWords mUserWords;
     QTimer mSaveTimer;
-    /** Touched by the worker only: a failure is reported once, until saving succeeds again. */
-    bool mSaveFailed = false;
-    /** A single thread, so that files are written in order. Last, to be gone before what its jobs use. */
-    QThreadPool mWorker;
+    bool mSaveFailed = false; ///< a failure is reported once, until saving succeeds again
 };
 
 } // namespace Hmi::Core

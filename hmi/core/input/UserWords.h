@@ -40,7 +40,7 @@ public:
 
     /**
      * Writes the words whole or not at all, and the file's folder when it is missing. On failure aProblem
-     * says what is wrong and the old file is unchanged. Any thread.
+     * says what is wrong and the old file is unchanged.
      */
     static void save(const QString& aFilePath, const QStringList& aWords, QString& aProblem);
 

@@ -10,13 +10,12 @@ namespace Hmi::Core {
 /**
  * The words of a language, searched by their beginning without regard to case. The words lie in one text and
  * are found by binary search, so that a large list costs little memory and a search no noticeable time.
- * Loading may take long and is meant for another thread; a loaded list may be read from any.
  */
 class WordList
 {
 public:
-    /** Files larger than this many bytes are refused; it is room for some 800,000 words. */
-    static constexpr qint64 MaximumFileSize = 8 * 1024 * 1024;
+    /** Files larger than this many bytes are refused; it is room for some 100,000 words. */
+    static constexpr qint64 MaximumFileSize = 1024 * 1024;
     /** Longer lines are skipped. */
     static constexpr int MaximumWordLength = 100;
 

@@ -73,19 +73,10 @@ void expect(QtMsgType aType, const QString& aPattern)
 
 namespace HmiTest {
 
-void expectWarning(const QString& aText)
-{
-    expect(QtWarningMsg, QRegularExpression::escape(aText));
-}
+void expectWarning(const QString& aText) { expect(QtWarningMsg, QRegularExpression::escape(aText)); }
 
-void expectCritical(const QString& aText)
-{
-    expect(QtCriticalMsg, QRegularExpression::escape(aText));
-}
+void expectCritical(const QString& aText) { expect(QtCriticalMsg, QRegularExpression::escape(aText)); }
 
-void expectMessageMatching(QtMsgType aType, const QString& aPattern)
-{
-    expect(aType, aPattern);
-}
+void expectMessageMatching(QtMsgType aType, const QString& aPattern) { expect(aType, aPattern); }
 
 } // namespace HmiTest

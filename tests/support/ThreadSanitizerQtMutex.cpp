@@ -1,0 +1,84 @@
+#include <QDeadlineTimer>
+#include <QMutex>
+#include <QWaitCondition>
+#include <dlfcn.h>
+#include <sanitizer/tsan_interface.h>
+
+/**
+ * ThreadSanitizer does not see what Qt's libraries do, as they are not built with it: their mutex would seem
+ * to order nothing. The functions here take the place of Qt's in the whole process, call them, and tell the
+ * sanitizer.
+ *
+ * Bare QBasicMutex needs nothing: its uncontended path is inline and so is seen, and its contended one is
+ * told here.
+ */
+namespace {
+
+template <class Function>
+Function findNext(const char* aSymbol)
+{
+    return reinterpret_cast<Function>(dlsym(RTLD_NEXT, aSymbol));
+}
+
+/** The wait gives the mutex away and takes it again. */
+template <class Function, class Time>
+bool waitAnnotated(Function aWait, QWaitCondition* aCondition, QMutex* aMutex, Time aTime)
+{
+    __tsan_release(aMutex);
+    const bool woken = aWait(aCondition, aMutex, aTime);
+    __tsan_acquire(aMutex);
+    return woken;
+}
+
+} // namespace
+
+void QMutex::lock() QT_MUTEX_LOCK_NOEXCEPT
+{
+    static const auto sNext = findNext<void (*)(QMutex*)>("_ZN6QMutex4lockEv");
+    sNext(this);
+    __tsan_acquire(this);
+}
+
+bool QMutex::tryLock(int aTimeout) QT_MUTEX_LOCK_NOEXCEPT
+{
+    static const auto sNext = findNext<bool (*)(QMutex*, int)>("_ZN6QMutex7tryLockEi");
+    const bool locked = sNext(this, aTimeout);
+    if (locked)
+        __tsan_acquire(this);
+    return locked;
+}
+
+void QMutex::unlock() noexcept
+{
+    static const auto sNext = findNext<void (*)(QMutex*)>("_ZN6QMutex6unlockEv");
+    __tsan_release(this);
+    sNext(this);
+}
+
+void QBasicMutex::lockInternal() QT_MUTEX_LOCK_NOEXCEPT
+{
+    static const auto sNext = findNext<void (*)(QBasicMutex*)>("_ZN11QBasicMutex12lockInternalEv");
+    sNext(this);
+    __tsan_acquire(this);
+}
+
+void QBasicMutex::unlockInternal() noexcept
+{
+    static const auto sNext = findNext<void (*)(QBasicMutex*)>("_ZN11QBasicMutex14unlockInternalEv");
+    __tsan_release(this);
+    sNext(this);
+}
+
+bool QWaitCondition::wait(QMutex* aMutex, QDeadlineTimer aDeadline)
+{
+    static const auto sNext = findNext<bool (*)(QWaitCondition*, QMutex*, QDeadlineTimer)>(
+        "_ZN14QWaitCondition4waitEP6QMutex14QDeadlineTimer");
+    return waitAnnotated(sNext, this, aMutex, aDeadline);
+}
+
+bool QWaitCondition::wait(QMutex* aMutex, unsigned long aMilliseconds)
+{
+    static const auto sNext =
+        findNext<bool (*)(QWaitCondition*, QMutex*, unsigned long)>("_ZN14QWaitCondition4waitEP6QMutexm");
+    return waitAnnotated(sNext, this, aMutex, aMilliseconds);
+}

@@ -6,32 +6,22 @@ namespace Hmi::Core {
 
 void ConfigFacade::addPath(const QString& aKey, const QString& aDefault)
 {
-    ConfigManager::instance()->registerDefault(aKey, aDefault, true);
+    mConfig.registerDefault(aKey, aDefault, true);
 }
 
 void ConfigFacade::addValue(const QString& aKey, const QVariant& aDefault)
 {
-    ConfigManager::instance()->registerDefault(aKey, aDefault, false);
+    mConfig.registerDefault(aKey, aDefault, false);
 }
 
-bool ConfigFacade::flag(const QString& aKey)
-{
-    return ConfigManager::instance()->value(aKey, false).toBool();
-}
+bool ConfigFacade::hasValue(const QString& aKey) const { return mConfig.value(aKey, true).isValid(); }
 
-int ConfigFacade::number(const QString& aKey)
-{
-    return ConfigManager::instance()->value(aKey, false).toInt();
-}
+bool ConfigFacade::flag(const QString& aKey) const { return mConfig.value(aKey, false).toBool(); }
 
-QString ConfigFacade::text(const QString& aKey)
-{
-    return ConfigManager::instance()->text(aKey, false);
-}
+int ConfigFacade::number(const QString& aKey) const { return mConfig.value(aKey, false).toInt(); }
 
-QString ConfigFacade::path(const QString& aKey)
-{
-    return ConfigManager::instance()->text(aKey, true);
-}
+QString ConfigFacade::text(const QString& aKey) const { return mConfig.text(aKey, false); }
+
+QString ConfigFacade::path(const QString& aKey) const { return mConfig.text(aKey, true); }
 
 } // namespace Hmi::Core

@@ -5,6 +5,8 @@
 
 namespace Hmi::Core {
 
+class ConfigManager;
+
 /**
  * What the typed facades of the configuration share: registering the defaults of their keys and reading them
  * back. A facade derives from it privately. Main thread only.
@@ -12,17 +14,22 @@ namespace Hmi::Core {
 class Q_DECL_EXPORT ConfigFacade
 {
 protected:
-    ConfigFacade() = default;
+    /** The configuration must outlive the facade. */
+    explicit ConfigFacade(ConfigManager& aConfig) : mConfig(aConfig) {}
     ~ConfigFacade() = default;
 
-    static void addPath(const QString& aKey, const QString& aDefault);
-    static void addValue(const QString& aKey, const QVariant& aDefault);
+    void addPath(const QString& aKey, const QString& aDefault);
+    void addValue(const QString& aKey, const QVariant& aDefault);
 
-    static bool flag(const QString& aKey);
-    static int number(const QString& aKey);
-    static QString text(const QString& aKey);
+    bool hasValue(const QString& aKey) const;
+    bool flag(const QString& aKey) const;
+    int number(const QString& aKey) const;
+    QString text(const QString& aKey) const;
     /** The text of a path key, resolved against the folder of the file that holds it. */
-    static QString path(const QString& aKey);
+    QString path(const QString& aKey) const;
+
+private:
+    ConfigManager& mConfig;
 };
 
 } // namespace Hmi::Core

@@ -150,9 +150,6 @@ QStringList ConfigManager::getKeys() const
     return keys;
 }
 
-bool ConfigManager::isFromFile(const QString& aKey) const
-{
-    return mEntries.value(aKey).fileValue.isValid();
-}
+bool ConfigManager::isFromFile(const QString& aKey) const { return mEntries.value(aKey).fileValue.isValid(); }
 
 } // namespace Hmi::Core

@@ -27,11 +27,12 @@ namespace Hmi::Core {
 class Q_DECL_EXPORT ConfigManager : public SingletonCpp<ConfigManager>
 {
     Q_OBJECT
-    friend class SingletonCpp<ConfigManager>;
-
 public:
     /** Files larger than this many bytes are refused; a configuration is a few kilobytes. */
     static constexpr qint64 MaximumFileSize = 4 * 1024 * 1024;
+
+    /** The process's configuration is instance(); others may exist beside it. */
+    ConfigManager() = default;
 
     /** Sets the replacement text of each placeholder name. To take effect, call it before load(). */
     void setPlaceholders(const QHash<QString, QString>& aPlaceholders);
@@ -76,8 +77,6 @@ private:
         QVariant defaultValue;
         QVariant fileValue;
     };
-
-    ConfigManager() = default;
 
     bool isReadable(const QString& aFilePath) const;
     bool expandPlaceholders(QString& aText) const;

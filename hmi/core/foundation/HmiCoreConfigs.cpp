@@ -3,6 +3,8 @@
 #include <QCoreApplication>
 #include <QRegularExpression>
 
+#include <hmi/core/foundation/ConfigManager.h>
+
 namespace Hmi::Core {
 
 namespace Key {
@@ -51,7 +53,9 @@ static QList<QSize> resolutions(const QString& aList, const QString& aKey)
     return result;
 }
 
-HmiCoreConfigs::HmiCoreConfigs()
+HmiCoreConfigs::HmiCoreConfigs() : HmiCoreConfigs(*ConfigManager::instance()) {}
+
+HmiCoreConfigs::HmiCoreConfigs(ConfigManager& aConfig) : ConfigFacade(aConfig)
 {
     addPath(Key::GnuPrefix, QStringLiteral("usr/local"));
     const QString prefix = getGnuPrefix();
@@ -87,80 +91,35 @@ HmiCoreConfigs::HmiCoreConfigs()
     addValue(Key::WindowStaysOnTopHint, false);
 }
 
-bool HmiCoreConfigs::getAlphaChannelEnabled() const
-{
-    return flag(Key::AlphaChannelEnabled);
-}
+bool HmiCoreConfigs::getAlphaChannelEnabled() const { return flag(Key::AlphaChannelEnabled); }
 
-QString HmiCoreConfigs::getFontFamilyDefault() const
-{
-    return text(Key::FontFamilyDefault);
-}
+QString HmiCoreConfigs::getFontFamilyDefault() const { return text(Key::FontFamilyDefault); }
 
-QString HmiCoreConfigs::getGnuBindir() const
-{
-    return path(Key::GnuBindir);
-}
+QString HmiCoreConfigs::getGnuBindir() const { return path(Key::GnuBindir); }
 
-QString HmiCoreConfigs::getGnuDatadir() const
-{
-    return path(Key::GnuDatadir);
-}
+QString HmiCoreConfigs::getGnuDatadir() const { return path(Key::GnuDatadir); }
 
-QString HmiCoreConfigs::getGnuLibdir() const
-{
-    return path(Key::GnuLibdir);
-}
+QString HmiCoreConfigs::getGnuLibdir() const { return path(Key::GnuLibdir); }
 
-QString HmiCoreConfigs::getGnuLocalstatedir() const
-{
-    return path(Key::GnuLocalstatedir);
-}
+QString HmiCoreConfigs::getGnuLocalstatedir() const { return path(Key::GnuLocalstatedir); }
 
-QString HmiCoreConfigs::getGnuPrefix() const
-{
-    return path(Key::GnuPrefix);
-}
+QString HmiCoreConfigs::getGnuPrefix() const { return path(Key::GnuPrefix); }
 
-QString HmiCoreConfigs::getGnuSysconfdir() const
-{
-    return path(Key::GnuSysconfdir);
-}
+QString HmiCoreConfigs::getGnuSysconfdir() const { return path(Key::GnuSysconfdir); }
 
-bool HmiCoreConfigs::getHighlightSystemEnabled() const
-{
-    return flag(Key::HighlightSystemEnabled);
-}
+bool HmiCoreConfigs::getHighlightSystemEnabled() const { return flag(Key::HighlightSystemEnabled); }
 
-int HmiCoreConfigs::getIntervalPressAndHold() const
-{
-    return number(Key::IntervalPressAndHold);
-}
+int HmiCoreConfigs::getIntervalPressAndHold() const { return number(Key::IntervalPressAndHold); }
 
-bool HmiCoreConfigs::getItemIdentifierEnabled() const
-{
-    return flag(Key::ItemIdentifierEnabled);
-}
+bool HmiCoreConfigs::getItemIdentifierEnabled() const { return flag(Key::ItemIdentifierEnabled); }
 
-QString HmiCoreConfigs::getKeyboardsPath() const
-{
-    return path(Key::KeyboardsPath);
-}
+QString HmiCoreConfigs::getKeyboardsPath() const { return path(Key::KeyboardsPath); }
 
-QString HmiCoreConfigs::getLanguagesPath() const
-{
-    return path(Key::LanguagesPath);
-}
+QString HmiCoreConfigs::getLanguagesPath() const { return path(Key::LanguagesPath); }
 
-int HmiCoreConfigs::getPrimaryDisplayIndex() const
-{
-    return number(Key::PrimaryDisplayIndex);
-}
+int HmiCoreConfigs::getPrimaryDisplayIndex() const { return number(Key::PrimaryDisplayIndex); }
 
-int HmiCoreConfigs::getSecondaryDisplayIndex() const
-{
-    return number(Key::SecondaryDisplayIndex);
-}
+int HmiCoreConfigs::getSecondaryDisplayIndex() const { return number(Key::SecondaryDisplayIndex); }
 
 QList<QSize> HmiCoreConfigs::getPrimaryDisplayResolution() const
 {
@@ -172,49 +131,22 @@ QList<QSize> HmiCoreConfigs::getSecondaryDisplayResolution() const
     return resolutions(text(Key::SecondaryDisplayResolution), Key::SecondaryDisplayResolution);
 }
 
-QString HmiCoreConfigs::getStringDatabaseName() const
-{
-    return path(Key::StringDatabaseName);
-}
+QString HmiCoreConfigs::getStringDatabaseName() const { return path(Key::StringDatabaseName); }
 
-int HmiCoreConfigs::getSuggestionsUserWordsLimit() const
-{
-    return number(Key::SuggestionsUserWordsLimit);
-}
+int HmiCoreConfigs::getSuggestionsUserWordsLimit() const { return number(Key::SuggestionsUserWordsLimit); }
 
-QString HmiCoreConfigs::getSuggestionsPath() const
-{
-    return path(Key::SuggestionsPath);
-}
+QString HmiCoreConfigs::getSuggestionsPath() const { return path(Key::SuggestionsPath); }
 
-QString HmiCoreConfigs::getThemesPath() const
-{
-    return path(Key::ThemesPath);
-}
+QString HmiCoreConfigs::getThemesPath() const { return path(Key::ThemesPath); }
 
-QString HmiCoreConfigs::getResourceCachePath() const
-{
-    return path(Key::ResourceCachePath);
-}
+QString HmiCoreConfigs::getResourceCachePath() const { return path(Key::ResourceCachePath); }
 
-int HmiCoreConfigs::getTouchDragStartDistance() const
-{
-    return number(Key::TouchDragStartDistance);
-}
+int HmiCoreConfigs::getTouchDragStartDistance() const { return number(Key::TouchDragStartDistance); }
 
-bool HmiCoreConfigs::getUseSecondaryDisplay() const
-{
-    return flag(Key::UseSecondaryDisplay);
-}
+bool HmiCoreConfigs::getUseSecondaryDisplay() const { return flag(Key::UseSecondaryDisplay); }
 
-QString HmiCoreConfigs::getWindowState() const
-{
-    return text(Key::WindowState);
-}
+QString HmiCoreConfigs::getWindowState() const { return text(Key::WindowState); }
 
-bool HmiCoreConfigs::getWindowStaysOnTopHint() const
-{
-    return flag(Key::WindowStaysOnTopHint);
-}
+bool HmiCoreConfigs::getWindowStaysOnTopHint() const { return flag(Key::WindowStaysOnTopHint); }
 
 } // namespace Hmi::Core

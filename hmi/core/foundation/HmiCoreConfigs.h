@@ -23,6 +23,9 @@ class Q_DECL_EXPORT HmiCoreConfigs : public SingletonCpp<HmiCoreConfigs>, privat
     friend class SingletonCpp<HmiCoreConfigs>;
 
 public:
+    /** Over a configuration other than the process's; it must outlive the facade. */
+    explicit HmiCoreConfigs(ConfigManager& aConfig);
+
     Q_INVOKABLE bool getAlphaChannelEnabled() const;
     Q_INVOKABLE QString getFontFamilyDefault() const;
     Q_INVOKABLE QString getGnuBindir() const;

@@ -30,7 +30,12 @@ template <class T>
 class Q_DECL_EXPORT SingletonCpp : public QObject
 {
 public:
-    ~SingletonCpp() override { sTracker.setInstance(nullptr); }
+    ~SingletonCpp() override
+    {
+        // An object that was constructed beside the instance leaves it alone.
+        if (sTracker.getInstance() == this)
+            sTracker.setInstance(nullptr);
+    }
 
     static T* instance()
     {

@@ -34,7 +34,12 @@ template <class T>
 class Q_DECL_EXPORT SingletonCppQml : public QObject
 {
 public:
-    ~SingletonCppQml() override { sTracker.setInstance(nullptr); }
+    ~SingletonCppQml() override
+    {
+        // An object that was constructed beside the instance leaves it alone.
+        if (sTracker.getInstance() == this)
+            sTracker.setInstance(nullptr);
+    }
 
     static T* instance()
     {

@@ -145,9 +145,6 @@ std::unique_ptr<TranslationFile> TranslationFile::load(const QString& aFilePath)
     return result;
 }
 
-void TranslationFile::install()
-{
-    QCoreApplication::installTranslator(&mTranslator);
-}
+void TranslationFile::install() { QCoreApplication::installTranslator(&mTranslator); }
 
 } // namespace Hmi::Core

@@ -37,14 +37,14 @@ HandleDefaultsResource::HandleDefaultsResource(QObject* aParent) : HandleDefault
 {}
 
 HandleDefaultsResource::HandleDefaultsResource(const QString& aResourceId, QObject* aParent) :
-    HandleDefaultsResource(aResourceId, ResourceManager::instance()->getRegistry(), aParent)
+    HandleDefaultsResource(aResourceId, *ResourceManager::instance(), aParent)
 {}
 
-HandleDefaultsResource::HandleDefaultsResource(const QString& aResourceId, ResourceRegistry& aRegistry,
+HandleDefaultsResource::HandleDefaultsResource(const QString& aResourceId, ResourceManager& aManager,
                                                QObject* aParent) :
-    QObject(aParent), mRegistry(&aRegistry), mResourceId(aResourceId)
+    QObject(aParent), mManager(&aManager), mResourceId(aResourceId)
 {
-    connect(&aRegistry, &ResourceRegistry::resourcesChanged, this, &HandleDefaultsResource::follow);
+    connect(&aManager, &ResourceManager::resourcesChanged, this, &HandleDefaultsResource::follow);
     follow();
 }
 
@@ -65,9 +65,9 @@ QVariant HandleDefaultsResource::value(const QString& aName, const QVariant& aFa
 
 void HandleDefaultsResource::follow()
 {
-    if (!mRegistry)
+    if (!mManager)
         return;
-    const QString file = mRegistry->getFile(ResourceKind::Defaults, mResourceId);
+    const QString file = mManager->getFile(ResourceKind::Defaults, mResourceId);
     if (mFile == file)
         return;
     mFile = file;

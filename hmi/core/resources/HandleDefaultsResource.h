@@ -6,7 +6,7 @@
 #include <QString>
 #include <QVariant>
 
-#include <hmi/core/resources/ResourceRegistry.h>
+#include <hmi/core/resources/ResourceManager.h>
 
 namespace Hmi::Core {
 
@@ -33,8 +33,7 @@ public:
     explicit HandleDefaultsResource(QObject* aParent = nullptr);
     /** A handle on the registry of the process. */
     explicit HandleDefaultsResource(const QString& aResourceId, QObject* aParent = nullptr);
-    HandleDefaultsResource(const QString& aResourceId, ResourceRegistry& aRegistry,
-                           QObject* aParent = nullptr);
+    HandleDefaultsResource(const QString& aResourceId, ResourceManager& aManager, QObject* aParent = nullptr);
 
     QString getResourceId() const { return mResourceId; }
     void setResourceId(const QString& aResourceId);
@@ -56,7 +55,7 @@ private:
     void follow();
     void setContent(const QJsonObject& aObject, bool aValid);
 
-    QPointer<ResourceRegistry> mRegistry;
+    QPointer<ResourceManager> mManager;
     QString mResourceId;
     QString mFile;
     QJsonObject mObject;

@@ -41,14 +41,8 @@ ResourceBundle::ResourceBundle(const QString& aFilePath, const QString& aMapRoot
     mFilePath(aFilePath), mMapRoot(aMapRoot)
 {}
 
-ResourceBundle::~ResourceBundle()
-{
-    QResource::unregisterResource(mFilePath, mMapRoot);
-}
+ResourceBundle::~ResourceBundle() { QResource::unregisterResource(mFilePath, mMapRoot); }
 
-QString ResourceBundle::getRoot() const
-{
-    return QLatin1Char(':') + mMapRoot;
-}
+QString ResourceBundle::getRoot() const { return QLatin1Char(':') + mMapRoot; }
 
 } // namespace Hmi::Core

@@ -22,6 +22,8 @@ public:
     ~ResourceBundle();
     Q_DISABLE_COPY_MOVE(ResourceBundle)
 
+    QString getFilePath() const { return mFilePath; }
+
     /** Where the entries are found: ":/" and the file's base name, as in ":/theme_night" of theme_night.rcc.
      */
     QString getRoot() const;

@@ -44,10 +44,7 @@ bool RestrictedModeManager::isRestrictedModeOn() const
     return mPolicy ? mPolicy->isRestrictedModeOn() : mLastMode;
 }
 
-QStringList RestrictedModeManager::getRestrictedActions() const
-{
-    return mRestrictions.keys();
-}
+QStringList RestrictedModeManager::getRestrictedActions() const { return mRestrictions.keys(); }
 
 void RestrictedModeManager::restrictAction(const QString& aAction, int aCategory, int aMessage)
 {

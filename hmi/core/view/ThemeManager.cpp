@@ -2,16 +2,13 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QResource>
 
 #include <hmi/core/foundation/HmiCoreConfigs.h>
+#include <hmi/core/resources/ResourceManager.h>
 
 namespace Hmi::Core {
 
-static QString bundleName(const QString& aTheme)
-{
-    return aTheme + QStringLiteral(".rcc");
-}
+static QString bundleName(const QString& aTheme) { return aTheme + QStringLiteral(".rcc"); }
 
 static QStringList findThemes(const QString& aThemesPath)
 {
@@ -23,11 +20,10 @@ static QStringList findThemes(const QString& aThemesPath)
     return themes;
 }
 
-static ThemeManager::Registrar registrarOf(const QString& aThemesPath)
+static ThemeManager::Registrar processRegistrar()
 {
-    const QDir folder(aThemesPath);
-    return {[folder](const QString& file) { return QResource::registerResource(folder.filePath(file)); },
-            [folder](const QString& file) { return QResource::unregisterResource(folder.filePath(file)); }};
+    return {[](const QString& file) { return ResourceManager::instance()->registerResource(file); },
+            [](const QString& file) { return ResourceManager::instance()->unregisterResource(file); }};
 }
 
 ThemeManager::ThemeManager(const QString& aThemesPath, const Registrar& aRegistrar) :
@@ -35,8 +31,7 @@ ThemeManager::ThemeManager(const QString& aThemesPath, const Registrar& aRegistr
 {}
 
 ThemeManager::ThemeManager(QQmlEngine*, QJSEngine*) :
-    ThemeManager(HmiCoreConfigs::instance()->getThemesPath(),
-                 registrarOf(HmiCoreConfigs::instance()->getThemesPath()))
+    ThemeManager(HmiCoreConfigs::instance()->getThemesPath(), processRegistrar())
 {}
 
 bool ThemeManager::setCurrentTheme(const QString& aTheme)

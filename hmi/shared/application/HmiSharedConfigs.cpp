@@ -25,22 +25,19 @@ static const QString VoiceServiceManagerConfig = QStringLiteral("HmiShared/Voice
 static const QString VoicesPath = QStringLiteral("HmiShared/VoicesPath");
 } // namespace Key
 
-static QString systemConfigurationDirectory()
-{
-    const QString key = QStringLiteral("HmiCore/GnuSysconfdir");
-    const bool hasValue = Core::ConfigManager::instance()->value(key, true).isValid();
-    return hasValue ? Core::ConfigManager::instance()->text(key, true) : QStringLiteral("usr/local");
-}
+HmiSharedConfigs::HmiSharedConfigs() : HmiSharedConfigs(*Core::ConfigManager::instance()) {}
 
-HmiSharedConfigs::HmiSharedConfigs()
+HmiSharedConfigs::HmiSharedConfigs(Core::ConfigManager& aConfig) : Core::ConfigFacade(aConfig)
 {
+    const QString systemConfigurationKey = QStringLiteral("HmiCore/GnuSysconfdir");
+    const QString systemConfiguration =
+        hasValue(systemConfigurationKey) ? path(systemConfigurationKey) : QStringLiteral("usr/local");
     const QString localState = path(QStringLiteral("HmiCore/GnuLocalstatedir"));
     const QString resources = path(QStringLiteral("HmiCore/GnuDatadir")) + QLatin1Char('/') +
                               QCoreApplication::applicationName() + QLatin1Char('/');
     qWarning("resourcesPath: %s", qPrintable(resources));
 
-    addPath(Key::DataManagerConfigPath,
-            systemConfigurationDirectory() + QStringLiteral("/DataManagerConf.ini"));
+    addPath(Key::DataManagerConfigPath, systemConfiguration + QStringLiteral("/DataManagerConf.ini"));
     addPath(Key::ErrorReportPath, localState + QStringLiteral("/log/shutdowns"));
     addPath(Key::ErrorReportPathExport, localState);
     addPath(Key::EulaPath, resources + QStringLiteral("eula"));
@@ -58,40 +55,19 @@ HmiSharedConfigs::HmiSharedConfigs()
     addValue(Key::VoicesPath, QStringLiteral("C:/Projects/R7_Voices/voices"));
 }
 
-bool HmiSharedConfigs::getDataManagerEnabled() const
-{
-    return flag(Key::DataManagerEnabled);
-}
+bool HmiSharedConfigs::getDataManagerEnabled() const { return flag(Key::DataManagerEnabled); }
 
-bool HmiSharedConfigs::getDeveloperModeEnabled() const
-{
-    return flag(Key::DeveloperModeEnabled);
-}
+bool HmiSharedConfigs::getDeveloperModeEnabled() const { return flag(Key::DeveloperModeEnabled); }
 
-bool HmiSharedConfigs::getDiagnosticModeEnabled() const
-{
-    return flag(Key::DiagnosticModeEnabled);
-}
+bool HmiSharedConfigs::getDiagnosticModeEnabled() const { return flag(Key::DiagnosticModeEnabled); }
 
-QString HmiSharedConfigs::getErrorReportPath() const
-{
-    return path(Key::ErrorReportPath);
-}
+QString HmiSharedConfigs::getErrorReportPath() const { return path(Key::ErrorReportPath); }
 
-QString HmiSharedConfigs::getErrorReportExportPath() const
-{
-    return path(Key::ErrorReportPathExport);
-}
+QString HmiSharedConfigs::getErrorReportExportPath() const { return path(Key::ErrorReportPathExport); }
 
-QString HmiSharedConfigs::getEulaPath() const
-{
-    return path(Key::EulaPath);
-}
+QString HmiSharedConfigs::getEulaPath() const { return path(Key::EulaPath); }
 
-bool HmiSharedConfigs::getScaleToFitViewport() const
-{
-    return flag(Key::ScaleToFitViewport);
-}
+bool HmiSharedConfigs::getScaleToFitViewport() const { return flag(Key::ScaleToFitViewport); }
 
 HmiSharedConfigs::ViewportScaling HmiSharedConfigs::getScaleViewportToFitWindow() const
 {
@@ -105,34 +81,19 @@ HmiSharedConfigs::ViewportScaling HmiSharedConfigs::getScaleViewportToFitWindow(
     return ViewportScalingPad;
 }
 
-QString HmiSharedConfigs::getScreenSnapshotPath() const
-{
-    return path(Key::ScreenSnapshotPath);
-}
+QString HmiSharedConfigs::getScreenSnapshotPath() const { return path(Key::ScreenSnapshotPath); }
 
-bool HmiSharedConfigs::getSignalServiceEnabled() const
-{
-    return flag(Key::SignalServiceEnabled);
-}
+bool HmiSharedConfigs::getSignalServiceEnabled() const { return flag(Key::SignalServiceEnabled); }
 
-bool HmiSharedConfigs::getSystemUpdateEnabled() const
-{
-    return flag(Key::SystemUpdateEnabled);
-}
+bool HmiSharedConfigs::getSystemUpdateEnabled() const { return flag(Key::SystemUpdateEnabled); }
 
-bool HmiSharedConfigs::getVoiceManagerEnabled() const
-{
-    return flag(Key::VoiceManagerEnabled);
-}
+bool HmiSharedConfigs::getVoiceManagerEnabled() const { return flag(Key::VoiceManagerEnabled); }
 
 QString HmiSharedConfigs::getVoiceServiceManagerConfig() const
 {
     return text(Key::VoiceServiceManagerConfig);
 }
 
-QString HmiSharedConfigs::getVoicesPath() const
-{
-    return text(Key::VoicesPath);
-}
+QString HmiSharedConfigs::getVoicesPath() const { return text(Key::VoicesPath); }
 
 } // namespace Hmi::Shared

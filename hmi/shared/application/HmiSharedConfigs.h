@@ -31,6 +31,9 @@ public:
     };
     Q_ENUM(ViewportScaling)
 
+    /** Over a configuration other than the process's; it must outlive the facade. */
+    explicit HmiSharedConfigs(Core::ConfigManager& aConfig);
+
     Q_INVOKABLE bool getDataManagerEnabled() const;
     Q_INVOKABLE bool getDeveloperModeEnabled() const;
     Q_INVOKABLE bool getDiagnosticModeEnabled() const;

@@ -4,10 +4,7 @@ namespace Hmi::Shared {
 
 ElapsedTimer::~ElapsedTimer() = default;
 
-qint64 ElapsedTimer::getElapsedMs() const
-{
-    return mStarted ? mTimer.elapsed() : 0;
-}
+qint64 ElapsedTimer::getElapsedMs() const { return mStarted ? mTimer.elapsed() : 0; }
 
 void ElapsedTimer::start()
 {

@@ -10,10 +10,7 @@ namespace Hmi::Shared {
 
 EventLoop::EventLoop(QObject* aParent) : QEventLoop(aParent) {}
 
-EventLoop::~EventLoop()
-{
-    cleanUp();
-}
+EventLoop::~EventLoop() { cleanUp(); }
 
 void EventLoop::addQuitable(QObject* aSender, const char* aSignal, Qt::ConnectionType aType)
 {

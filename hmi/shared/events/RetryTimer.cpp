@@ -12,10 +12,7 @@ RetryTimer::RetryTimer(Schedule aSchedule, QObject* aTimerParent) :
     connect(mTimer, &QTimer::timeout, this, &RetryTimer::onTimeout);
 }
 
-RetryTimer::~RetryTimer()
-{
-    delete mTimer;
-}
+RetryTimer::~RetryTimer() { delete mTimer; }
 
 void RetryTimer::start()
 {

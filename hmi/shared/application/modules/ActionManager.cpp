@@ -2,11 +2,17 @@
 
 #include <utility>
 
+#include <hmi/core/view/RestrictedModeManager.h>
+
 namespace Hmi::Shared {
 
 ActionManager::ActionManager(Gate aGate) : mGate(std::move(aGate)) {}
 
-ActionManager::ActionManager(QQmlEngine*, QJSEngine*) : ActionManager(Gate()) {}
+ActionManager::ActionManager(QQmlEngine*, QJSEngine*) :
+    ActionManager([](const QString& aName, QObject* aSource) {
+        return Core::RestrictedModeManager::instance()->requestAction(aName, aSource);
+    })
+{}
 
 QVariantList ActionManager::getActions() const
 {
@@ -34,10 +40,7 @@ void ActionManager::removeAction(const QString& aName)
         emit actionsChanged();
 }
 
-bool ActionManager::isEnabled(const QString& aName) const
-{
-    return mEnabledByName.value(aName, false);
-}
+bool ActionManager::isEnabled(const QString& aName) const { return mEnabledByName.value(aName, false); }
 
 bool ActionManager::setEnabled(const QString& aName, bool aEnabled)
 {

@@ -19,10 +19,7 @@ AppManager::AppManager(QQmlEngine*, QJSEngine*)
         addApp(app.name, app.title, app.page);
 }
 
-void AppManager::declareApps(const QVector<App>& aApps)
-{
-    smDeclaredApps = aApps;
-}
+void AppManager::declareApps(const QVector<App>& aApps) { smDeclaredApps = aApps; }
 
 QVariantList AppManager::getApps() const
 {
@@ -32,10 +29,7 @@ QVariantList AppManager::getApps() const
     return apps;
 }
 
-QVariantMap AppManager::getCurrentApp() const
-{
-    return toMap(mApps.value(mCurrent));
-}
+QVariantMap AppManager::getCurrentApp() const { return toMap(mApps.value(mCurrent)); }
 
 bool AppManager::addApp(const QString& aName, const QString& aTitle, const QString& aPage)
 {

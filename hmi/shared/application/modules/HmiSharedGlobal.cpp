@@ -14,10 +14,7 @@ HmiSharedGlobal::HmiSharedGlobal(QQmlEngine*, QJSEngine*)
     mCollator.setNumericMode(true);
 }
 
-QString HmiSharedGlobal::getSettingsFileName() const
-{
-    return QStringLiteral("krvx_settings.json");
-}
+QString HmiSharedGlobal::getSettingsFileName() const { return QStringLiteral("krvx_settings.json"); }
 
 int HmiSharedGlobal::localeAwareCompare(const QString& aFirst, const QString& aSecond)
 {

@@ -4,8 +4,8 @@
 #include <tuple>
 
 #include <hmi/core/input/KeyboardModelManager.h>
-#include <tests/hmi/core/input/FilesAndWaits.h>
 #include <tests/support/ExpectedMessages.h>
+#include <tests/support/FilesAndWaits.h>
 
 using Hmi::Core::KeyboardModelManager;
 using namespace HmiTest;

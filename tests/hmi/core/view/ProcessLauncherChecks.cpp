@@ -6,8 +6,8 @@
 #include <memory>
 
 #include <hmi/core/view/ProcessLauncher.h>
-#include <tests/hmi/core/input/FilesAndWaits.h>
 #include <tests/support/ExpectedMessages.h>
+#include <tests/support/FilesAndWaits.h>
 
 using Hmi::Core::ProcessLauncher;
 using namespace HmiTest;

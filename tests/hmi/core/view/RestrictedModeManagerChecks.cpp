@@ -3,7 +3,7 @@
 
 #include <hmi/core/view/RestrictedModeManager.h>
 #include <hmi/core/view/RestrictedModePolicy.h>
-#include <tests/hmi/core/input/FilesAndWaits.h>
+#include <tests/support/FilesAndWaits.h>
 
 using Hmi::Core::RestrictedModeManager;
 using Hmi::Core::RestrictedModePolicy;

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <hmi/core/view/ThemeManager.h>
-#include <tests/hmi/core/input/FilesAndWaits.h>
 #include <tests/support/ExpectedMessages.h>
+#include <tests/support/FilesAndWaits.h>
 
 using Hmi::Core::ThemeManager;
 using namespace HmiTest;

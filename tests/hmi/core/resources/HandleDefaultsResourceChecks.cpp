@@ -7,7 +7,7 @@
 #include <tests/support/ExpectedMessages.h>
 
 using Hmi::Core::HandleDefaultsResource;
-using Hmi::Core::ResourceRegistry;
+using Hmi::Core::ResourceManager;
 
 namespace {
 
@@ -26,18 +26,18 @@ protected:
     }
 
     QTemporaryDir mFolder;
-    ResourceRegistry mRegistry{mFolder.path(), mFolder.path()};
+    ResourceManager mManager{mFolder.path(), mFolder.path()};
 };
 
 TEST_F(HandleDefaultsResourceContent, FollowsTheRegistryAndTheId)
 {
-    HandleDefaultsResource handle(Id, mRegistry);
+    HandleDefaultsResource handle(Id, mManager);
     int changes = 0;
     QObject::connect(&handle, &HandleDefaultsResource::objectChanged, [&] { ++changes; });
     EXPECT_FALSE(handle.isValid());
 
     writeDefaults(R"({"timeFormat": "12", "count": 3})");
-    ASSERT_TRUE(mRegistry.registerResource(Name));
+    ASSERT_TRUE(mManager.registerResource(Name));
     EXPECT_TRUE(handle.isValid());
     EXPECT_EQ(handle.value(QStringLiteral("timeFormat")), QVariant(QStringLiteral("12")));
     EXPECT_EQ(handle.value(QStringLiteral("count")).toInt(), 3);
@@ -47,11 +47,11 @@ TEST_F(HandleDefaultsResourceContent, FollowsTheRegistryAndTheId)
     EXPECT_FALSE(handle.isValid());
     EXPECT_TRUE(handle.getObject().isEmpty());
     handle.setResourceId(Id);
-    ASSERT_TRUE(mRegistry.unregisterResource(Name));
+    ASSERT_TRUE(mManager.unregisterResource(Name));
     EXPECT_FALSE(handle.isValid());
 
     writeDefaults(R"({"timeFormat": "24"})");
-    ASSERT_TRUE(mRegistry.registerResource(Name));
+    ASSERT_TRUE(mManager.registerResource(Name));
     EXPECT_EQ(handle.value(QStringLiteral("timeFormat")), QVariant(QStringLiteral("24")));
     EXPECT_EQ(changes, 5);
 }
@@ -61,15 +61,15 @@ TEST_F(HandleDefaultsResourceContent, IsInvalidAndReportedOnceWhenTheFileIsNoJso
     const QMap<QByteArray, QString> faults{{"{\"a\": 1,,}", QStringLiteral("are no JSON at offset \\d+: .+")},
                                            {"[1]", QStringLiteral("must be a JSON object; .+")},
                                            {"", QStringLiteral("are no JSON at offset \\d+: .+")}};
-    HandleDefaultsResource handle(Id, mRegistry);
+    HandleDefaultsResource handle(Id, mManager);
     for (auto fault = faults.cbegin(); fault != faults.cend(); ++fault) {
         writeDefaults(fault.key());
         HmiTest::expectMessageMatching(QtWarningMsg,
                                        QStringLiteral("The defaults ':/handle_check/d.json' ") + *fault);
-        ASSERT_TRUE(mRegistry.registerResource(Name));
-        emit mRegistry.resourcesChanged();
+        ASSERT_TRUE(mManager.registerResource(Name));
+        emit mManager.resourcesChanged();
         EXPECT_FALSE(handle.isValid());
-        ASSERT_TRUE(mRegistry.unregisterResource(Name));
+        ASSERT_TRUE(mManager.unregisterResource(Name));
     }
 }
 

@@ -40,10 +40,7 @@ QByteArray translationOf(const QByteArray& aSource, const QString& aText)
     return QByteArray::fromHex("3cb86418caef9c95cd211cbf60a1bddd") + sections;
 }
 
-QString shown(const char* aSource)
-{
-    return QCoreApplication::translate("Checks", aSource);
-}
+QString shown(const char* aSource) { return QCoreApplication::translate("Checks", aSource); }
 
 class TranslationsFolder : public testing::Test
 {

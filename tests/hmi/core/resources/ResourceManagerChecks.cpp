@@ -1,4 +1,4 @@
-#include <hmi/core/resources/ResourceRegistry.h>
+#include <hmi/core/resources/ResourceManager.h>
 
 #include <QDir>
 #include <QFile>
@@ -9,7 +9,7 @@
 #include <tests/support/ExpectedMessages.h>
 
 using Hmi::Core::ResourceKind;
-using Hmi::Core::ResourceRegistry;
+using Hmi::Core::ResourceManager;
 using HmiTest::writeBundle;
 using HmiTest::writeFile;
 
@@ -19,55 +19,55 @@ const QString Table = QStringLiteral("resources.xml");
 const QString BundleName = QStringLiteral("registry_check.rcc");
 const QString BundleRoot = QStringLiteral(":/registry_check");
 
-class ResourceRegistryFixture : public testing::Test
+class ResourceManagerFixture : public testing::Test
 {
 protected:
-    ResourceRegistryFixture()
+    ResourceManagerFixture()
     {
-        QObject::connect(&mRegistry, &ResourceRegistry::resourcesChanged, [this] { ++mChanges; });
+        QObject::connect(&mManager, &ResourceManager::resourcesChanged, [this] { ++mChanges; });
     }
 
     QString theme(const QString& aName) const { return mThemes.filePath(aName); }
     QString application(const QString& aName) const { return mApplication.filePath(aName); }
     QString defaultsFile(const char* aId) const
     {
-        return mRegistry.getFile(ResourceKind::Defaults, QString::fromLatin1(aId));
+        return mManager.getFile(ResourceKind::Defaults, QString::fromLatin1(aId));
     }
 
     QTemporaryDir mThemes;
     QTemporaryDir mApplication;
-    ResourceRegistry mRegistry{mThemes.path(), mApplication.path()};
+    ResourceManager mManager{mThemes.path(), mApplication.path()};
     int mChanges = 0;
 };
 
-using ResourceRegistryBundles = ResourceRegistryFixture;
-using ResourceRegistryTables = ResourceRegistryFixture;
+using ResourceManagerBundles = ResourceManagerFixture;
+using ResourceManagerTables = ResourceManagerFixture;
 
 HmiTest::Files withTable(const QByteArray& aEntries, const QString& aFile)
 {
     return {{Table, "<resources>" + aEntries + "</resources>"}, {aFile, "{}"}};
 }
 
-TEST_F(ResourceRegistryBundles, AreTakenFromTheThemesBeforeTheApplicationsFolder)
+TEST_F(ResourceManagerBundles, AreTakenFromTheThemesBeforeTheApplicationsFolder)
 {
     writeBundle(application(BundleName), {{QStringLiteral("application.txt"), "a"}});
-    ASSERT_TRUE(mRegistry.registerResource(BundleName));
+    ASSERT_TRUE(mManager.registerResource(BundleName));
     EXPECT_TRUE(QFile::exists(BundleRoot + QStringLiteral("/application.txt")));
     HmiTest::expectWarning(QStringLiteral("The resource bundle 'registry_check.rcc' is already registered."));
-    EXPECT_FALSE(mRegistry.registerResource(BundleName));
-    ASSERT_TRUE(mRegistry.unregisterResource(BundleName));
+    EXPECT_FALSE(mManager.registerResource(BundleName));
+    ASSERT_TRUE(mManager.unregisterResource(BundleName));
     EXPECT_FALSE(QFile::exists(BundleRoot));
     HmiTest::expectWarning(QStringLiteral("The resource bundle 'registry_check.rcc' is not registered."));
-    EXPECT_FALSE(mRegistry.unregisterResource(BundleName));
+    EXPECT_FALSE(mManager.unregisterResource(BundleName));
 
     writeBundle(theme(BundleName), {{QStringLiteral("theme.txt"), "t"}});
-    ASSERT_TRUE(mRegistry.registerResource(BundleName));
+    ASSERT_TRUE(mManager.registerResource(BundleName));
     EXPECT_TRUE(QFile::exists(BundleRoot + QStringLiteral("/theme.txt")));
     EXPECT_FALSE(QFile::exists(BundleRoot + QStringLiteral("/application.txt")));
     EXPECT_EQ(mChanges, 3);
 }
 
-TEST_F(ResourceRegistryBundles, AreRefusedWithTheReason)
+TEST_F(ResourceManagerBundles, AreRefusedWithTheReason)
 {
     QDir(mApplication.path()).mkdir(QStringLiteral("folder.rcc"));
     writeFile(theme(QStringLiteral("text.rcc")), "this is no bundle");
@@ -88,22 +88,22 @@ TEST_F(ResourceRegistryBundles, AreRefusedWithTheReason)
         {QString(), QStringLiteral("' must be given by its file name alone.")}};
     for (auto reason = reasons.cbegin(); reason != reasons.cend(); ++reason) {
         HmiTest::expectWarning(QStringLiteral("The resource bundle '") + *reason);
-        EXPECT_FALSE(mRegistry.registerResource(reason.key())) << qPrintable(reason.key());
+        EXPECT_FALSE(mManager.registerResource(reason.key())) << qPrintable(reason.key());
     }
     EXPECT_EQ(mChanges, 0);
 }
 
-TEST_F(ResourceRegistryBundles, AreListedWithoutBeingOpened)
+TEST_F(ResourceManagerBundles, AreListedWithoutBeingOpened)
 {
-    mRegistry.loadResources(theme(QStringLiteral("missing")));
-    EXPECT_TRUE(mRegistry.getThemeNames().isEmpty());
+    mManager.loadResources(theme(QStringLiteral("missing")));
+    EXPECT_TRUE(mManager.getThemeNames().isEmpty());
     for (const char* name : {"night.rcc", "day.v2.rcc", "readme.txt"})
         writeFile(theme(QString::fromLatin1(name)), "no bundle");
-    mRegistry.loadResources(mThemes.path());
-    EXPECT_EQ(mRegistry.getThemeNames(), (QStringList{QStringLiteral("day.v2"), QStringLiteral("night")}));
+    mManager.loadResources(mThemes.path());
+    EXPECT_EQ(mManager.getThemeNames(), (QStringList{QStringLiteral("day.v2"), QStringLiteral("night")}));
 }
 
-TEST_F(ResourceRegistryTables, GiveTheirIdsWhileTheBundleIsRegistered)
+TEST_F(ResourceManagerTables, GiveTheirIdsWhileTheBundleIsRegistered)
 {
     const QString second = QStringLiteral("registry_second.rcc");
     writeFile(application(Table), "<resources><defaults id='A' file='built.json'/></resources>");
@@ -113,21 +113,21 @@ TEST_F(ResourceRegistryTables, GiveTheirIdsWhileTheBundleIsRegistered)
                           QStringLiteral("x/a.json")));
     writeBundle(theme(second), withTable("<defaults id='A' file='y.json'/>", QStringLiteral("y.json")));
 
-    ASSERT_TRUE(mRegistry.addBuiltInTable(application(Table)));
-    ASSERT_TRUE(mRegistry.addBuiltInTable(application(Table)));
+    ASSERT_TRUE(mManager.addBuiltInTable(application(Table)));
+    ASSERT_TRUE(mManager.addBuiltInTable(application(Table)));
     EXPECT_EQ(mChanges, 1);
-    ASSERT_TRUE(mRegistry.registerResource(BundleName));
-    ASSERT_TRUE(mRegistry.registerResource(second));
+    ASSERT_TRUE(mManager.registerResource(BundleName));
+    ASSERT_TRUE(mManager.registerResource(second));
     EXPECT_EQ(defaultsFile("A"), QStringLiteral(":/registry_second/y.json"));
     EXPECT_EQ(defaultsFile("B"), QStringLiteral(":/registry_check/x/a.json"));
-    ASSERT_TRUE(mRegistry.unregisterResource(second));
+    ASSERT_TRUE(mManager.unregisterResource(second));
     EXPECT_EQ(defaultsFile("A"), QStringLiteral(":/registry_check/x/a.json"));
-    ASSERT_TRUE(mRegistry.unregisterResource(BundleName));
+    ASSERT_TRUE(mManager.unregisterResource(BundleName));
     EXPECT_EQ(defaultsFile("A"), application(QStringLiteral("built.json")));
     EXPECT_EQ(defaultsFile("B"), QString());
 }
 
-TEST_F(ResourceRegistryTables, RefuseTheWholeBundleWhenFaulty)
+TEST_F(ResourceManagerTables, RefuseTheWholeBundleWhenFaulty)
 {
     const char* const faults[][2] = {
         {"<defaults id='A' file='a.json'/>\n<defaults", "line 2: .*"},
@@ -147,7 +147,7 @@ TEST_F(ResourceRegistryTables, RefuseTheWholeBundleWhenFaulty)
             QtWarningMsg,
             QStringLiteral("The resource table ':/registry_check/resources.xml' is faulty in ") +
                 QString::fromLatin1(pattern));
-        EXPECT_FALSE(mRegistry.registerResource(BundleName)) << entries;
+        EXPECT_FALSE(mManager.registerResource(BundleName)) << entries;
         EXPECT_EQ(defaultsFile("A"), QString());
         EXPECT_FALSE(QFile::exists(BundleRoot));
     }

@@ -10,10 +10,7 @@ using Hmi::Shared::ModuleManager;
 
 namespace {
 
-ModuleManager& manager()
-{
-    return *ModuleManager::instance();
-}
+ModuleManager& manager() { return *ModuleManager::instance(); }
 
 /** Writes what is asked of it into a journal, as "name.operation". */
 class Module : public LifecycleListener
@@ -72,10 +69,7 @@ struct Modules : testing::Test
     Module mPhone{QStringLiteral("phone"), mJournal};
 };
 
-QStringList words(const char* aText)
-{
-    return QString::fromLatin1(aText).split(QLatin1Char(' '));
-}
+QStringList words(const char* aText) { return QString::fromLatin1(aText).split(QLatin1Char(' ')); }
 
 } // namespace
 

@@ -129,4 +129,4 @@ TEST(ElapsedTimer, ReadsZeroUntilStarted)
     EXPECT_GE(timer.getElapsedMs(), Short);
 }
 
-#include "EventLoopTest.moc"
+#include "EventLoopChecks.moc"

@@ -1,0 +1,19 @@
+#include <QQmlExtensionPlugin>
+
+#include <hmi/core/foundation/Initialization.h>
+#include <hmi/shared/qml/SharedQmlModule.h>
+
+/** Gives Qt's own QML tools the module "hmi.shared". */
+class SharedPlugin : public QQmlExtensionPlugin
+{
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID QQmlExtensionInterface_iid)
+
+public:
+    // May run on the type loader's thread.
+    void registerTypes(const char*) override { Hmi::Shared::registerSharedModule(); }
+
+    void initializeEngine(QQmlEngine*, const char*) override { Hmi::Core::initializePluginHost(); }
+};
+
+#include "SharedPlugin.moc"

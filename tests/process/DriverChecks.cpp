@@ -1,0 +1,140 @@
+#include "ChildProcess.h"
+
+#include <QDir>
+#include <QFile>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace {
+
+/** A copy of the driver in a folder of its own, whose configuration and theme bundle a check may damage. */
+class Driver : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        const QDir folder(mFolder.path());
+        ASSERT_TRUE(folder.mkpath(QStringLiteral("tests/testData/opt/korvex/etc")));
+        ASSERT_TRUE(
+            folder.mkpath(QStringLiteral("tests/testData/opt/korvex/share/hmi_shared_driver/themes")));
+        const QString data = QStringLiteral(HMI_DRIVER_DATA);
+        ASSERT_TRUE(QFile::copy(QStringLiteral(HMI_DRIVER), mDriver));
+        ASSERT_TRUE(QFile::copy(data + QStringLiteral("/etc/hmi_shared_test.ini"), mConfiguration));
+        ASSERT_TRUE(QFile::copy(
+            data + QStringLiteral("/share/hmi_shared_driver/themes/hmi_shared_test_theme_shared.rcc"),
+            mBundle));
+    }
+
+    ChildProcess run(const QString& aFilter = QStringLiteral("EventRing.*")) const
+    {
+        return ChildProcess::run(mDriver, {QStringLiteral("--gtest_filter=") + aFilter}, environment(),
+                                 mFolder.path());
+    }
+
+    static void replace(const QString& aPath, const QByteArray& aContent)
+    {
+        QFile file(aPath);
+        ASSERT_TRUE(file.open(QFile::WriteOnly) && file.write(aContent) == aContent.size());
+    }
+
+    static QProcessEnvironment environment()
+    {
+        QProcessEnvironment result = QProcessEnvironment::systemEnvironment();
+        // The runner's own settings for a single check are not the driver's.
+        result.remove(QStringLiteral("GTEST_FILTER"));
+        return result;
+    }
+
+    QTemporaryDir mFolder;
+    const QString mDriver = mFolder.filePath(QStringLiteral("hmi_shared_driver"));
+    const QString mConfiguration =
+        mFolder.filePath(QStringLiteral("tests/testData/opt/korvex/etc/hmi_shared_test.ini"));
+    const QString mBundle = mFolder.filePath(QStringLiteral(
+        "tests/testData/opt/korvex/share/hmi_shared_driver/themes/hmi_shared_test_theme_shared.rcc"));
+};
+
+} // namespace
+
+TEST_F(Driver, RunsEveryComponentCheckInOneProcessAndSaysWhatItRanWith)
+{
+    const ChildProcess child = run(QStringLiteral("*"));
+    EXPECT_TRUE(child.ended);
+    EXPECT_EQ(child.status, 0) << qPrintable(child.output);
+    EXPECT_TRUE(child.output.contains(QStringLiteral("Configuration file: ") + mConfiguration));
+    for (const char* line :
+         {"HmiCore/FontFamilyDefault +file +Open Sans\n", "HmiCore/TouchDragStartDistance +default +10\n",
+          "HmiShared/DiagnosticModeEnabled +file +false\n",
+          "HmiShared/VoicesPath +default +C:/Projects/R7_Voices/voices\n"})
+        EXPECT_TRUE(child.output.contains(QRegularExpression(QString::fromLatin1(line)))) << line;
+    EXPECT_TRUE(child.output.contains(
+        QRegularExpression(QStringLiteral("Theme bundle: .*\n +/.*theme_shared\\.rcc\n"))));
+    EXPECT_TRUE(
+        child.output.contains(QRegularExpression(QStringLiteral("Component checks: \\d+ run, 0 failed\n"))));
+}
+
+TEST_F(Driver, ReturnsTheFailureOfItsChecks)
+{
+    // A check that writes files fails where no file may grow.
+    const QString command = QStringLiteral("ulimit -f 0; trap '' XFSZ; exec '%1' --gtest_filter=%2")
+                                .arg(mDriver, QStringLiteral("ConfigFile.GivesEachKeyItsText"));
+    const ChildProcess child =
+        ChildProcess::run(QStringLiteral("/bin/sh"), {QStringLiteral("-c"), command}, environment());
+    EXPECT_TRUE(child.ended);
+    EXPECT_EQ(child.status, 1);
+    EXPECT_TRUE(child.output.contains(QStringLiteral("Component checks: 1 run, 1 failed")));
+}
+
+TEST_F(Driver, WithoutItsBundleReturnsMinusOneAndRunsNoCheck)
+{
+    QFile bundle(mBundle);
+    ASSERT_TRUE(bundle.open(QFile::ReadOnly));
+    const QByteArray good = bundle.readAll();
+    bundle.close();
+    const std::vector<QByteArray> damaged = {QByteArray(), good.left(19), good.left(good.size() / 2),
+                                             good.left(good.size() - 1),
+                                             QByteArray("no bundle at all, just text")};
+    const auto expectRefused = [this](const char* aWhat) {
+        const ChildProcess child = run();
+        EXPECT_TRUE(child.ended) << aWhat;
+        EXPECT_EQ(child.status, 255) << aWhat;
+        EXPECT_TRUE(
+            child.output.contains(QStringLiteral("Unable to load 'hmi_shared_test_theme_shared.rcc'")))
+            << qPrintable(child.output);
+        EXPECT_FALSE(child.output.contains(QStringLiteral("EventRing"))) << aWhat;
+    };
+    for (const QByteArray& content : damaged) {
+        replace(mBundle, content);
+        expectRefused(content.left(20).constData());
+    }
+    ASSERT_TRUE(QFile::remove(mBundle));
+    expectRefused("missing");
+    ASSERT_TRUE(QDir().mkpath(mBundle));
+    expectRefused("a folder in its place");
+}
+
+TEST_F(Driver, TellsWhatIsWrongWithItsConfigurationAndGoesOnWithDefaults)
+{
+    // Without a configuration the theme folder is the default one, so the bundle goes beside the driver.
+    ASSERT_TRUE(QFile::rename(mBundle, mFolder.filePath(QStringLiteral("hmi_shared_test_theme_shared.rcc"))));
+    const auto expectMessage = [this](const QString& aMessage) {
+        const ChildProcess child = run();
+        EXPECT_TRUE(child.ended);
+        EXPECT_EQ(child.status, 0) << qPrintable(child.output);
+        EXPECT_TRUE(child.output.contains(QRegularExpression(aMessage))) << qPrintable(child.output);
+        EXPECT_TRUE(child.output.contains(
+            QRegularExpression(QStringLiteral("HmiCore/IntervalPressAndHold +default +800\n"))));
+    };
+    replace(mConfiguration, QByteArray());
+    expectMessage(QStringLiteral("Configuration file: /"));
+    replace(mConfiguration, QByteArray("\x7f"
+                                       "ELF\0\1\2\xff\xfe",
+                                       9)
+                                .repeated(500));
+    expectMessage(QStringLiteral("hmi_shared_test\\.ini, has lines that are not"));
+    ASSERT_TRUE(QFile::remove(mConfiguration));
+    expectMessage(QStringLiteral("hmi_shared_test\\.ini, could not be loaded because it does not exist\\."));
+    ASSERT_TRUE(QDir().mkpath(mConfiguration));
+    expectMessage(
+        QStringLiteral("hmi_shared_test\\.ini, could not be loaded because it is not a regular file\\."));
+}

@@ -1,0 +1,121 @@
+#include "ChildProcess.h"
+
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace {
+
+class QmlTool : public testing::Test
+{
+protected:
+    QString write(const QByteArray& aContent) const
+    {
+        QFile file(mFolder.filePath(QStringLiteral("Screen.qml")));
+        EXPECT_TRUE(file.open(QFile::WriteOnly) && file.write(aContent) == aContent.size());
+        return file.fileName();
+    }
+
+    ChildProcess run(const char* aTool, const QStringList& aArguments,
+                     const QString& aConfig = QString()) const
+    {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        for (const QString& entry : QStringLiteral(HMI_QML_TOOL_ENVIRONMENT).split(QLatin1Char('|')))
+            environment.insert(entry.section(QLatin1Char('='), 0, 0), entry.section(QLatin1Char('='), 1));
+        environment.remove(QStringLiteral("HMI_CONFIG"));
+        if (!aConfig.isEmpty())
+            environment.insert(QStringLiteral("HMI_CONFIG"), aConfig);
+        return ChildProcess::run(QStringLiteral(HMI_QT_TOOLS "/") + QLatin1String(aTool), aArguments,
+                                 environment, mFolder.path());
+    }
+
+    QTemporaryDir mFolder;
+};
+
+/** A screen that ends at once and says what it saw. */
+QByteArray screen(const QByteArray& aImports, const QByteArray& aExpression)
+{
+    return "import QtQuick 2.15\n" + aImports + "Item { Component.onCompleted: { console.log(" + aExpression +
+           "); Qt.callLater(Qt.quit); } }\n";
+}
+
+} // namespace
+
+TEST_F(QmlTool, LoadsTheModulesInEveryOrderAndReadsItsConfiguration)
+{
+    QFile config(mFolder.filePath(QStringLiteral("desk.ini")));
+    ASSERT_TRUE(config.open(QFile::WriteOnly) && config.write("[HmiCore]\nIntervalPressAndHold=123\n") > 0);
+    config.close();
+    const QByteArray core = "import Hmi.Core 1.0\n";
+    const QByteArray shared = "import hmi.shared 1.0\n";
+    const QByteArray value = "HmiCore.configs.getIntervalPressAndHold()";
+    const std::vector<QByteArray> screens = {screen(core, value), screen(core + shared, value),
+                                             screen(shared + core, value),
+                                             screen(shared, "123, HmiShared.settingsFileName")};
+    for (const QByteArray& text : screens)
+        for (const char* tool : {"qml", "qmlscene"}) {
+            const ChildProcess child = run(tool, {write(text)}, config.fileName());
+            EXPECT_TRUE(child.ended && child.status == 0)
+                << tool << text.constData() << qPrintable(child.output);
+            EXPECT_TRUE(child.output.contains(QStringLiteral("123"))) << tool << qPrintable(child.output);
+            EXPECT_FALSE(child.output.contains(QStringLiteral("already been used")))
+                << qPrintable(child.output);
+        }
+}
+
+TEST_F(QmlTool, WithoutAConfigurationNamesTheFileThatItLookedFor)
+{
+    const ChildProcess child = run("qml", {write(screen("import hmi.shared 1.0\n", "1"))});
+    EXPECT_EQ(child.status, 0) << qPrintable(child.output);
+    EXPECT_TRUE(child.output.contains(QRegularExpression(
+        QStringLiteral("The config file, .+\\.ini, could not be loaded because it does not exist\\."))));
+}
+
+TEST_F(QmlTool, NamesFileAndLineOfAnUnknownMember)
+{
+    const ChildProcess assigned = run("qml", {write("import QtQuick 2.15\nimport Hmi.Core 1.0\n"
+                                                    "HandleDefaultsResource { noSuchMember: 1 }\n")});
+    EXPECT_NE(assigned.status, 0);
+    EXPECT_TRUE(assigned.output.contains(QRegularExpression(QStringLiteral("Screen\\.qml:3.*noSuchMember"))))
+        << qPrintable(assigned.output);
+}
+
+TEST_F(QmlTool, PrintsAnItemAsItIsShown)
+{
+    QFile config(mFolder.filePath(QStringLiteral("print.ini")));
+    ASSERT_TRUE(config.open(QFile::WriteOnly) &&
+                config.write("[HmiShared]\nScreenSnapshotPath=prints/new\n") > 0);
+    config.close();
+    const ChildProcess child =
+        run("qml",
+            {write("import QtQuick 2.15\nimport QtQuick.Window 2.15\nimport hmi.shared 1.0\n"
+                   "Window { id: window; visible: true; width: 60; height: 40\n"
+                   "  Rectangle { id: page; width: 60; height: 40; color: 'red'\n"
+                   "    Rectangle { width: 30; height: 40; color: 'blue' } }\n"
+                   "  Connections { target: PagePrintManager; function onPrinted() { Qt.quit(); } }\n"
+                   "  onFrameSwapped: PagePrintManager.print(page, 'page.png') }\n")},
+            config.fileName());
+    EXPECT_EQ(child.status, 0) << qPrintable(child.output);
+    const QImage page(mFolder.filePath(QStringLiteral("prints/new/page.png")));
+    EXPECT_EQ(page.size(), QSize(60, 40));
+    EXPECT_EQ(page.pixelColor(10, 20), QColor(Qt::blue));
+    EXPECT_EQ(page.pixelColor(50, 20), QColor(Qt::red));
+}
+
+TEST_F(QmlTool, FindsADescriptionOfEveryTypeForEditors)
+{
+    const std::vector<std::pair<const char*, const char*>> described = {
+        {"Hmi/Core", "Hmi.Core/LanguageManager 1.0"},
+        {"Hmi/Core", "Hmi.Core/HandleDefaultsResource 1.0"},
+        {"hmi/shared", "hmi.shared/ActionManager 1.0"},
+        {"hmi/shared", "hmi.shared/HmiSharedConfigs 1.0"},
+        {"hmi/vehicle", "hmi.vehicle/HmiVehicle 1.0"}};
+    for (const auto& [folder, type] : described) {
+        QFile types(QStringLiteral(HMI_QML_DIRECTORY "/%1/plugins.qmltypes").arg(QLatin1String(folder)));
+        ASSERT_TRUE(types.open(QFile::ReadOnly)) << folder;
+        EXPECT_TRUE(types.readAll().contains(type)) << type;
+    }
+}

@@ -1,0 +1,83 @@
+#include <QFile>
+#include <QHash>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <benchmark/benchmark.h>
+
+#include <hmi/core/foundation/ConfigManager.h>
+
+using Hmi::Core::ConfigManager;
+
+namespace {
+
+/** A configuration of 50 keys in two groups. */
+class ConfigFile
+{
+public:
+    ConfigFile()
+    {
+        QFile file(path());
+        if (!file.open(QFile::WriteOnly))
+            qFatal("%s cannot be written", qPrintable(path()));
+        for (const char* group : {"HmiCore", "HmiShared"}) {
+            file.write(QByteArray("[") + group + "]\n");
+            for (int key = 0; key < 25; ++key)
+                file.write("Key" + QByteArray::number(key) + "=../share/value/" + QByteArray::number(key) +
+                           '\n');
+        }
+    }
+
+    QString path() const { return mFolder.filePath(QStringLiteral("bench.ini")); }
+
+private:
+    QTemporaryDir mFolder;
+};
+
+const QString sKey = QStringLiteral("HmiCore/Key7");
+
+} // namespace
+
+static void ConfigLoad(benchmark::State& aState)
+{
+    const ConfigFile file;
+    for (auto _ : aState) {
+        ConfigManager config;
+        benchmark::DoNotOptimize(config.load(file.path()));
+    }
+}
+BENCHMARK(ConfigLoad);
+
+static void BareSettingsRead(benchmark::State& aState)
+{
+    const ConfigFile file;
+    for (auto _ : aState) {
+        const QSettings settings(file.path(), QSettings::IniFormat);
+        const QStringList keys = settings.allKeys();
+        for (const QString& key : keys)
+            benchmark::DoNotOptimize(settings.value(key));
+    }
+}
+BENCHMARK(BareSettingsRead);
+
+static void ConfigValue(benchmark::State& aState)
+{
+    const ConfigFile file;
+    ConfigManager config;
+    config.load(file.path());
+    for (auto _ : aState)
+        benchmark::DoNotOptimize(config.value(sKey, false));
+}
+BENCHMARK(ConfigValue);
+
+static void BareHashLookUp(benchmark::State& aState)
+{
+    const ConfigFile file;
+    QHash<QString, QVariant> values;
+    const QSettings settings(file.path(), QSettings::IniFormat);
+    const QStringList keys = settings.allKeys();
+    for (const QString& key : keys)
+        values.insert(key, settings.value(key));
+    for (auto _ : aState)
+        benchmark::DoNotOptimize(values.value(sKey));
+}
+BENCHMARK(BareHashLookUp);

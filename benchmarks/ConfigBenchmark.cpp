@@ -10,15 +10,29 @@ using Hmi::Core::ConfigManager;
 
 namespace {
 
-/** A configuration of 50 keys in two groups. */
+/**
+ * A configuration of 50 keys in two groups, in many copies taken in turn: QSettings keeps the latest files
+ * that it parsed, but an application starts without.
+ */
 class ConfigFile
 {
 public:
     ConfigFile()
     {
-        QFile file(path());
+        for (mNext = 0; mNext < Copies; ++mNext)
+            writeCopy();
+    }
+
+    QString path() { return mFolder.filePath(QStringLiteral("%1.ini").arg(mNext++ % Copies)); }
+
+private:
+    static constexpr int Copies = 64;
+
+    void writeCopy()
+    {
+        QFile file(mFolder.filePath(QStringLiteral("%1.ini").arg(mNext)));
         if (!file.open(QFile::WriteOnly))
-            qFatal("%s cannot be written", qPrintable(path()));
+            qFatal("%s cannot be written", qPrintable(file.fileName()));
         for (const char* group : {"HmiCore", "HmiShared"}) {
             file.write(QByteArray("[") + group + "]\n");
             for (int key = 0; key < 25; ++key)
@@ -27,10 +41,8 @@ public:
         }
     }
 
-    QString path() const { return mFolder.filePath(QStringLiteral("bench.ini")); }
-
-private:
     QTemporaryDir mFolder;
+    int mNext = 0;
 };
 
 const QString sKey = QStringLiteral("HmiCore/Key7");
@@ -39,7 +51,7 @@ const QString sKey = QStringLiteral("HmiCore/Key7");
 
 static void ConfigLoad(benchmark::State& aState)
 {
-    const ConfigFile file;
+    ConfigFile file;
     for (auto _ : aState) {
         ConfigManager config;
         benchmark::DoNotOptimize(config.load(file.path()));
@@ -49,7 +61,7 @@ BENCHMARK(ConfigLoad);
 
 static void BareSettingsRead(benchmark::State& aState)
 {
-    const ConfigFile file;
+    ConfigFile file;
     for (auto _ : aState) {
         const QSettings settings(file.path(), QSettings::IniFormat);
         const QStringList keys = settings.allKeys();
@@ -61,7 +73,7 @@ BENCHMARK(BareSettingsRead);
 
 static void ConfigValue(benchmark::State& aState)
 {
-    const ConfigFile file;
+    ConfigFile file;
     ConfigManager config;
     config.load(file.path());
     for (auto _ : aState)
@@ -71,7 +83,7 @@ BENCHMARK(ConfigValue);
 
 static void BareHashLookUp(benchmark::State& aState)
 {
-    const ConfigFile file;
+    ConfigFile file;
     QHash<QString, QVariant> values;
     const QSettings settings(file.path(), QSettings::IniFormat);
     const QStringList keys = settings.allKeys();

@@ -13,17 +13,18 @@
 #include <hmi/shared/qml/SharedQmlModule.h>
 #endif
 
+/** Clean pages are not counted: they are pages of files, which every process shares and the kernel may drop.
+ */
 static long privateKilobytes()
 {
     QFile file(QStringLiteral("/proc/self/smaps_rollup"));
     if (!file.open(QFile::ReadOnly))
         return -1;
-    long sum = 0;
     const QList<QByteArray> lines = file.readAll().split('\n');
     for (const QByteArray& line : lines)
-        if (line.startsWith("Private_Clean") || line.startsWith("Private_Dirty"))
-            sum += line.simplified().split(' ').at(1).toLong();
-    return sum;
+        if (line.startsWith("Private_Dirty"))
+            return line.simplified().split(' ').at(1).toLong();
+    return -1;
 }
 
 int main(int argc, char** argv)

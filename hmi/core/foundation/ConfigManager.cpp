@@ -1,6 +1,5 @@
 #include <hmi/core/foundation/ConfigManager.h>
 
-#include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QSettings>
@@ -36,25 +35,38 @@ void ConfigManager::setPlaceholders(const QHash<QString, QString>& aPlaceholders
     mPlaceholders = aPlaceholders;
 }
 
+/** Why the file is not to be read; empty when it is. */
+static QString refusal(const QFileInfo& aInfo)
+{
+    if (!aInfo.exists())
+        return QStringLiteral("it does not exist");
+    if (!aInfo.isFile())
+        return QStringLiteral("it is not a regular file");
+    if (aInfo.size() > ConfigManager::MaximumFileSize)
+        return QStringLiteral("its %1 bytes exceed the limit of %2; check that it is the right file")
+            .arg(aInfo.size())
+            .arg(ConfigManager::MaximumFileSize);
+    return QString();
+}
+
+static bool warnNotLoaded(const QString& aFilePath, const QString& aReason)
+{
+    qWarning("WARNING: The config file, %s, could not be loaded because %s.",
+             aFilePath.toLocal8Bit().constData(), qPrintable(aReason));
+    return false;
+}
+
 bool ConfigManager::load(const QString& aFilePath)
 {
-    if (!isReadable(aFilePath))
-        return false;
+    const QFileInfo info(aFilePath);
+    const QString reason = refusal(info);
+    if (!reason.isEmpty())
+        return warnNotLoaded(aFilePath, reason);
     QSettings settings(aFilePath, QSettings::IniFormat);
+    if (settings.status() == QSettings::AccessError)
+        return warnNotLoaded(aFilePath, QStringLiteral("reading it is not permitted"));
     settings.setIniCodec("UTF-8");
-    const QString baseDirectory = QFileInfo(aFilePath).path() + QLatin1Char('/');
-    const QStringList keys = settings.allKeys();
-    mEntries.reserve(mEntries.size() + keys.size());
-    for (const QString& key : keys) {
-        Entry& entry = mEntries[key];
-        entry.baseDirectory = baseDirectory;
-        entry.fileValue = settings.value(key);
-        if (mPlaceholders.isEmpty())
-            continue;
-        QString expanded = textOf(entry.fileValue);
-        if (expandPlaceholders(expanded))
-            entry.fileValue = expanded;
-    }
+    takeValues(settings, info.path() + QLatin1Char('/'));
     if (settings.status() != QSettings::NoError)
         qWarning("WARNING: The config file, %s, has lines that are not \"key=value\"; they are ignored.",
                  qPrintable(aFilePath));
@@ -62,33 +74,20 @@ bool ConfigManager::load(const QString& aFilePath)
     return true;
 }
 
-bool ConfigManager::isReadable(const QString& aFilePath) const
+void ConfigManager::takeValues(const QSettings& aSettings, const QString& aBaseDirectory)
 {
-    const QFileInfo info(aFilePath);
-    const QByteArray path = aFilePath.toLocal8Bit();
-    if (!info.exists()) {
-        qWarning("WARNING: The config file, %s, could not be loaded because it does not exist.",
-                 path.constData());
-        return false;
+    const QStringList keys = aSettings.allKeys();
+    mEntries.reserve(mEntries.size() + keys.size());
+    for (const QString& key : keys) {
+        Entry& entry = mEntries[key];
+        entry.baseDirectory = aBaseDirectory;
+        entry.fileValue = aSettings.value(key);
+        if (mPlaceholders.isEmpty())
+            continue;
+        QString expanded = textOf(entry.fileValue);
+        if (expandPlaceholders(expanded))
+            entry.fileValue = expanded;
     }
-    if (!info.isFile()) {
-        qWarning("WARNING: The config file, %s, could not be loaded because it is not a regular file.",
-                 path.constData());
-        return false;
-    }
-    if (!info.isReadable()) {
-        qWarning("WARNING: The config file, %s, could not be loaded because reading it is not permitted.",
-                 path.constData());
-        return false;
-    }
-    if (info.size() > MaximumFileSize) {
-        qWarning(
-            "WARNING: The config file, %s, could not be loaded because its %lld bytes exceed the limit of "
-            "%lld; check that it is the right file.",
-            path.constData(), info.size(), MaximumFileSize);
-        return false;
-    }
-    return true;
 }
 
 bool ConfigManager::expandPlaceholders(QString& aText) const

@@ -1,12 +1,13 @@
 #pragma once
 
 #include <QHash>
-#include <QLoggingCategory>
 #include <QString>
 #include <QStringList>
 #include <QVariant>
 
 #include <hmi/core/foundation/SingletonCpp.h>
+
+class QSettings;
 
 namespace Hmi::Core {
 
@@ -78,7 +79,7 @@ private:
         QVariant fileValue;
     };
 
-    bool isReadable(const QString& aFilePath) const;
+    void takeValues(const QSettings& aSettings, const QString& aBaseDirectory);
     bool expandPlaceholders(QString& aText) const;
 
     QHash<QString, Entry> mEntries;

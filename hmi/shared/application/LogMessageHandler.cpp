@@ -108,9 +108,8 @@ bool LogMessageHandler::startFileLogging()
     const QDir folder = QDir::current();
     const LogFileRotation rotation(folder, QCoreApplication::applicationName());
     rotation.rotate();
-    mFile.setFileName(folder.absoluteFilePath(rotation.currentFileName()));
     // Never an existing file: one that the rotation could not move keeps its content.
-    if (!mFile.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::NewOnly)) {
+    if (!mFile.create(folder.absoluteFilePath(rotation.currentFileName()))) {
         qCWarning(hmiShared, "Failed to open log file: %s", qUtf8Printable(rotation.currentFileName()));
         return false;
     }
@@ -147,7 +146,7 @@ void LogMessageHandler::reportFailure() const
 {
     fprintf(stderr,
             "Cannot write to log file %s: %s. Until that works again, messages go where they went before.\n",
-            qUtf8Printable(QFileInfo(mFile).absoluteFilePath()), qUtf8Printable(mFile.errorString()));
+            qUtf8Printable(mFile.fileName()), qUtf8Printable(mFile.errorString()));
 }
 
 void LogMessageHandler::handleMessage(QtMsgType aType, const QMessageLogContext& aContext,

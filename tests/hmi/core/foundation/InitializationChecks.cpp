@@ -1,7 +1,5 @@
 #include <QFile>
 #include <QMetaType>
-#include <QQmlComponent>
-#include <QQmlEngine>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -43,18 +41,9 @@ TEST(Initialization, RaisesItsMarkersInOrderAndReadsTheConfigurationOncePerProce
                            prefix + QStringLiteral("loadResourcesEnd")}));
 }
 
-TEST(Initialization, RegistersEveryNameOfTheCoreModule)
+TEST(Initialization, RegistersTheMetaTypeOfTheViewMode)
 {
     EXPECT_NE(QMetaType::type("Hmi::Core::HmiCoreGlobal::ApplicationViewMode"), QMetaType::UnknownType);
-    const char* uncreatable[] = {"HmiCoreConfigs", "RestrictedModePolicy"};
-    QQmlEngine engine;
-    for (const char* name : uncreatable) {
-        QQmlComponent component(&engine);
-        component.setData(QByteArray("import Hmi.Core 1.0\n") + name + " {}", QUrl());
-        ASSERT_EQ(component.errors().size(), 1);
-        EXPECT_EQ(component.errors().constFirst().description(),
-                  QStringLiteral("Can't create %1 in QML").arg(QLatin1String(name)));
-    }
 }
 
 TEST(Initialization, RefusesAQmlFileSingletonWithARelativeUrl)

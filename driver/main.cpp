@@ -41,17 +41,13 @@ int main(int argc, char** argv)
     Hmi::Shared::registerQmlModules();
 
     const QString bundle = QStringLiteral("hmi_shared_test_theme_shared.rcc");
-    int status = -1;
-    if (Hmi::Core::ResourceManager::instance()->registerResource(bundle)) {
-        status = runComponentChecks(bundle);
-        Hmi::Core::ResourceManager::instance()->unregisterResource(bundle);
-    } else {
+    if (!Hmi::Core::ResourceManager::instance()->registerResource(bundle)) {
         qCritical("Unable to load 'hmi_shared_test_theme_shared.rcc'");
+        return -1;
     }
-    // A failed registration leaves the compiled-in collections registered.
-    if (status != -1) {
-        Hmi::Shared::unregisterResources();
-        Hmi::Core::unregisterResources();
-    }
+    const int status = runComponentChecks(bundle);
+    Hmi::Core::ResourceManager::instance()->unregisterResource(bundle);
+    Hmi::Shared::unregisterResources();
+    Hmi::Core::unregisterResources();
     return status;
 }

@@ -1,10 +1,6 @@
 #pragma once
 
-#include <QMutex>
-#include <QMutexLocker>
-#include <QObject>
-
-#include <hmi/core/foundation/InstanceTracker.h>
+#include <hmi/core/foundation/SingletonBase.h>
 
 namespace Hmi::Core {
 
@@ -27,47 +23,17 @@ namespace Hmi::Core {
  * statics.
  */
 template <class T>
-class Q_DECL_EXPORT SingletonCpp : public QObject
+class Q_DECL_EXPORT SingletonCpp : public SingletonBase<T>
 {
 public:
-    ~SingletonCpp() override
-    {
-        // An object that was constructed beside the instance leaves it alone.
-        if (sTracker.getInstance() == this)
-            sTracker.setInstance(nullptr);
-    }
-
     static T* instance()
     {
-        if (QObject* existing = sTracker.getInstance())
-            return static_cast<T*>(existing);
-        return createInstance();
+        T* instance = SingletonCpp::existing();
+        return instance ? instance : SingletonCpp::createForNative([] { return new T; });
     }
 
 protected:
     SingletonCpp() = default;
-
-private:
-    static T* createInstance()
-    {
-        const QMutexLocker lock(&sInitLock);
-        if (QObject* existing = sTracker.getInstance())
-            return static_cast<T*>(existing);
-        InstanceTracker::requireMainThread();
-        T* created = new T;
-        sTracker.setInstance(created);
-        sTracker.setOwnedByQml(false);
-        return created;
-    }
-
-    static InstanceTracker sTracker;
-    static QMutex sInitLock;
 };
-
-template <class T>
-InstanceTracker SingletonCpp<T>::sTracker;
-
-template <class T>
-QMutex SingletonCpp<T>::sInitLock;
 
 } // namespace Hmi::Core

@@ -1,10 +1,8 @@
 #pragma once
 
-#include <QMutex>
-#include <QMutexLocker>
 #include <QObject>
 
-#include <hmi/core/foundation/InstanceTracker.h>
+#include <hmi/core/foundation/SingletonBase.h>
 
 class QJSEngine;
 class QQmlEngine;
@@ -31,64 +29,24 @@ namespace Hmi::Core {
  * The constructor's engine arguments are null when native code creates the instance.
  */
 template <class T>
-class Q_DECL_EXPORT SingletonCppQml : public QObject
+class Q_DECL_EXPORT SingletonCppQml : public SingletonBase<T>
 {
 public:
-    ~SingletonCppQml() override
-    {
-        // An object that was constructed beside the instance leaves it alone.
-        if (sTracker.getInstance() == this)
-            sTracker.setInstance(nullptr);
-    }
-
     static T* instance()
     {
-        if (QObject* existing = sTracker.getInstance())
-            return static_cast<T*>(existing);
-        return createInstance();
+        T* instance = SingletonCppQml::existing();
+        return instance ? instance : SingletonCppQml::createForNative([] { return new T(nullptr, nullptr); });
     }
 
     /** The provider for qmlRegisterSingletonType(): hands the one instance to the engine, which then owns it.
      */
     static QObject* registerInstance(QQmlEngine* aEngine, QJSEngine* aScriptEngine)
     {
-        QObject* provided = sTracker.getInstance();
-        if (!provided) {
-            const QMutexLocker lock(&sInitLock);
-            provided = sTracker.getInstance();
-            if (!provided) {
-                provided = new T(aEngine, aScriptEngine);
-                sTracker.setInstance(provided);
-            }
-        }
-        sTracker.setOwnedByQml(true);
-        return provided;
+        return SingletonCppQml::createForQml([=] { return new T(aEngine, aScriptEngine); });
     }
 
 protected:
     SingletonCppQml() = default;
-
-private:
-    static T* createInstance()
-    {
-        const QMutexLocker lock(&sInitLock);
-        if (QObject* existing = sTracker.getInstance())
-            return static_cast<T*>(existing);
-        InstanceTracker::requireMainThread();
-        T* created = new T(nullptr, nullptr);
-        sTracker.setInstance(created);
-        sTracker.setOwnedByQml(false);
-        return created;
-    }
-
-    static InstanceTracker sTracker;
-    static QMutex sInitLock;
 };
-
-template <class T>
-InstanceTracker SingletonCppQml<T>::sTracker;
-
-template <class T>
-QMutex SingletonCppQml<T>::sInitLock;
 
 } // namespace Hmi::Core

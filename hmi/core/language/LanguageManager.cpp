@@ -12,11 +12,17 @@ static QString systemCode()
     return Translations::isCode(name) ? name : QStringLiteral("en_US");
 }
 
-LanguageManager::LanguageManager(QQmlEngine* aEngine, QJSEngine*) :
+LanguageManager::LanguageManager(QQmlEngine*, QJSEngine*) :
     mTranslations(HmiCoreConfigs::instance()->getLanguagesPath())
 {
-    addEngine(aEngine);
     mTranslations.install(systemCode());
+}
+
+QObject* LanguageManager::registerInstance(QQmlEngine* aEngine, QJSEngine* aScriptEngine)
+{
+    QObject* manager = SingletonCppQml::registerInstance(aEngine, aScriptEngine);
+    static_cast<LanguageManager*>(manager)->addEngine(aEngine);
+    return manager;
 }
 
 bool LanguageManager::setCurrentLanguage(const QString& aLanguage)

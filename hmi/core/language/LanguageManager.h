@@ -32,6 +32,9 @@ class Q_DECL_EXPORT LanguageManager : public SingletonCppQml<LanguageManager>
     friend class SingletonCppQml<LanguageManager>;
 
 public:
+    /** The provider for QML; the engine is added. */
+    static QObject* registerInstance(QQmlEngine* aEngine, QJSEngine* aScriptEngine);
+
     QString getCurrentLanguage() const { return mCurrentLanguage; }
 
     /**
@@ -46,8 +49,8 @@ public:
     QStringList getAvailableLanguages() const { return mTranslations.getCodes(); }
 
     /**
-     * Lets the engine evaluate its translated bindings again on each change. The engine that the manager is
-     * created for is added already; an engine may be added twice and may be deleted at any time.
+     * Lets the engine evaluate its translated bindings again on each change. An engine whose QML names the
+     * manager is added already; an engine may be added twice and may be deleted at any time.
      */
     void addEngine(QQmlEngine* aEngine);
 

@@ -37,6 +37,7 @@ int main(int argc, char** argv)
         new Hmi::Shared::PerfEventPolicyMetron(nullptr));
     const QHash<QString, QString> overrides;
     Hmi::Core::initialize(perfEventPolicy, configPath, overrides);
+    // Its keys are part of the report.
     Hmi::Shared::HmiSharedConfigs::instance();
     Hmi::Shared::registerQmlModules();
 

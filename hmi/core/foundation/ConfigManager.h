@@ -30,7 +30,7 @@ class Q_DECL_EXPORT ConfigManager : public SingletonCpp<ConfigManager>
     Q_OBJECT
 public:
     /** Files larger than this many bytes are refused; a configuration is a few kilobytes. */
-    static constexpr qint64 MaximumFileSize = 4 * 1024 * 1024;
+    static constexpr qint64 MaximumFileSize = 4LL * 1024 * 1024;
 
     /** The process's configuration is instance(); others may exist beside it. */
     ConfigManager() = default;

@@ -17,7 +17,7 @@ QByteArray readBounded(const QString& aFilePath, qint64 aMaximumSize, QString& a
         aProblem = file.errorString();
         return {};
     }
-    const QByteArray bytes = file.read(aMaximumSize + 1);
+    QByteArray bytes = file.read(aMaximumSize + 1);
     if (bytes.size() <= aMaximumSize)
         return bytes;
     aProblem = QStringLiteral("it has more than %1 bytes").arg(aMaximumSize);

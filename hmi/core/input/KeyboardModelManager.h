@@ -30,7 +30,7 @@ class Q_DECL_EXPORT KeyboardModelManager : public SingletonCppQml<KeyboardModelM
 
 public:
     /** Files larger than this many bytes are refused; a layout is a few kilobytes. */
-    static constexpr qint64 MaximumFileSize = 256 * 1024;
+    static constexpr qint64 MaximumFileSize = 256LL * 1024;
 
     explicit KeyboardModelManager(const QString& aKeyboardsPath);
 

@@ -13,7 +13,7 @@ class UserWords
 {
 public:
     /** A file larger than this many bytes is not read. */
-    static constexpr qint64 MaximumFileSize = 4 * 1024 * 1024;
+    static constexpr qint64 MaximumFileSize = 4LL * 1024 * 1024;
 
     /** A limit below 1 keeps no words. */
     explicit UserWords(int aLimit);

@@ -15,7 +15,7 @@ class WordList
 {
 public:
     /** Files larger than this many bytes are refused; it is room for some 100,000 words. */
-    static constexpr qint64 MaximumFileSize = 1024 * 1024;
+    static constexpr qint64 MaximumFileSize = 1024LL * 1024;
     /** Longer lines are skipped. */
     static constexpr int MaximumWordLength = 100;
 

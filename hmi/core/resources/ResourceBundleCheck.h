@@ -18,7 +18,7 @@ class Q_DECL_EXPORT ResourceBundleCheck
 {
 public:
     /** Entries that claim to be larger than this many bytes when uncompressed are refused. */
-    static constexpr quint64 MaximumEntrySize = 256 * 1024 * 1024;
+    static constexpr quint64 MaximumEntrySize = 256ULL * 1024 * 1024;
 
     explicit ResourceBundleCheck(const BoundedBytes& aFile) : mFile(aFile) {}
 

@@ -81,12 +81,12 @@ bool ResourceManager::addBuiltInTable(const QString& aFilePath)
 QString ResourceManager::getFile(ResourceKind aKind, const QString& aId) const
 {
     for (auto bundle = mBundles.crbegin(); bundle != mBundles.crend(); ++bundle) {
-        const QString file = bundle->table.getFile(aKind, aId);
+        QString file = bundle->table.getFile(aKind, aId);
         if (!file.isEmpty())
             return file;
     }
     for (const ResourceTable& table : mBuiltInTables) {
-        const QString file = table.getFile(aKind, aId);
+        QString file = table.getFile(aKind, aId);
         if (!file.isEmpty())
             return file;
     }

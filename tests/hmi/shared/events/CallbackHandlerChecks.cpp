@@ -10,14 +10,13 @@ TEST(CallbackHandler, RunsCollectedCallbacksOnceInOrderAndLaterOnesAtOnce)
 {
     Hmi::Shared::CallbackHandler handler;
     std::string calls;
-    const auto add = [&](char name) { handler.addCallback([&calls, name] { calls += name; }); };
-    add('a');
+    handler.addCallback([&calls] { calls += 'a'; });
     handler.addCallback({});
-    add('b');
+    handler.addCallback([&calls] { calls += 'b'; });
     EXPECT_EQ(calls, "");
     handler.handleCallbacks();
     EXPECT_EQ(calls, "ab");
-    add('c');
+    handler.addCallback([&calls] { calls += 'c'; });
     EXPECT_EQ(calls, "abc");
     handler.handleCallbacks();
     EXPECT_EQ(calls, "abc");

@@ -6,7 +6,6 @@
 #include <string>
 #include <thread>
 
-#include <hmi/shared/events/ElapsedTimer.h>
 #include <tests/support/ExpectedMessages.h>
 
 using Hmi::Shared::EventLoop;
@@ -33,43 +32,37 @@ struct Wait
 };
 
 const Wait sWaits[] = {
-    {"", "", "", "", Timeout},      {"", "QR", "", "R", Success},  {"ABC", "", "", "CAB", Success},
-    {"ABC", "", "", "AC", Timeout}, {"AB", "", "", "AA", Timeout}, {"AB", "Q", "", "Q", Success},
-    {"AB", "Q", "", "BA", Success}, {"A", "Q", "Q", "", Success},  {"AB", "", "AB", "", Success},
-    {"AB", "", "B", "A", Success},  {"AB", "", "A", "", Timeout},  {"AB", "", "", "A-", Timeout},
-    {"A", "Q", "-", "AQ", Timeout},
+    {"", "", "", "", Timeout},     {"", "QR", "", "R", Success},  {"ABC", "", "", "CAB", Success},
+    {"AB", "", "", "AA", Timeout}, {"AB", "Q", "", "Q", Success}, {"AB", "Q", "", "BA", Success},
+    {"A", "Q", "Q", "", Success},  {"AB", "", "AB", "", Success}, {"AB", "", "B", "A", Success},
+    {"AB", "", "A", "", Timeout},  {"AB", "", "", "A-", Timeout}, {"A", "Q", "-", "AQ", Timeout},
 };
-
-void checkWaits(Qt::ConnectionType aType)
-{
-    for (const Wait& wait : sWaits) {
-        SCOPED_TRACE(std::to_string(aType) + ' ' + wait.waitables + ' ' + wait.quitables + ' ' + wait.before +
-                     ' ' + wait.during);
-        EventLoop loop;
-        QTimer::singleShot(Bound, &loop, [&loop] { loop.exit(-2); });
-        std::map<char, Sender> senders;
-        for (const char letter : wait.waitables)
-            loop.addWaitable(&senders[letter], SIGNAL(fired()), aType);
-        for (const char letter : wait.quitables)
-            loop.addQuitable(&senders[letter], SIGNAL(fired()), aType);
-        const auto play = [&senders](const std::string& script) {
-            for (const char letter : script)
-                letter == '-' ? senders.clear() : senders[letter].fired();
-        };
-        play(wait.before);
-        QTimer::singleShot(0, &loop, [&] { play(wait.during); });
-        EXPECT_EQ(loop.exec(wait.expected == Timeout ? Short : 0), wait.expected);
-        play(wait.waitables + wait.quitables);
-        EXPECT_EQ(loop.exec(Short), Timeout);
-    }
-}
 
 } // namespace
 
 TEST(EventLoop, EndsAsExpectedAndLeavesNothingConnected)
 {
-    checkWaits(Qt::AutoConnection);
-    checkWaits(Qt::QueuedConnection);
+    for (const Qt::ConnectionType type : {Qt::AutoConnection, Qt::QueuedConnection}) {
+        for (const Wait& wait : sWaits) {
+            SCOPED_TRACE(wait.waitables + ' ' + wait.quitables + ' ' + wait.before + ' ' + wait.during);
+            EventLoop loop;
+            QTimer::singleShot(Bound, &loop, [&loop] { loop.exit(-2); });
+            std::map<char, Sender> senders;
+            for (const char letter : wait.waitables)
+                loop.addWaitable(&senders[letter], SIGNAL(fired()), type);
+            for (const char letter : wait.quitables)
+                loop.addQuitable(&senders[letter], SIGNAL(fired()), type);
+            const auto play = [&senders](const std::string& script) {
+                for (const char letter : script)
+                    letter == '-' ? senders.clear() : senders[letter].fired();
+            };
+            play(wait.before);
+            QTimer::singleShot(0, &loop, [&] { play(wait.during); });
+            EXPECT_EQ(loop.exec(wait.expected == Timeout ? Short : 0), wait.expected);
+            play(wait.waitables + wait.quitables);
+            EXPECT_EQ(loop.exec(Short), Timeout);
+        }
+    }
 }
 
 TEST(EventLoop, SatisfiedWaitProcessesNoEventAndDropsQueuedSignals)
@@ -117,16 +110,6 @@ TEST(EventLoopThreads, SignalArrivesFromAnotherThread)
     std::thread thread([&sender] { emit sender.fired(); });
     EXPECT_EQ(loop.exec(Bound), Success);
     thread.join();
-}
-
-TEST(ElapsedTimer, ReadsZeroUntilStarted)
-{
-    Hmi::Shared::ElapsedTimer timer;
-    EventLoop().exec(Short);
-    EXPECT_EQ(timer.getElapsedMs(), 0);
-    timer.start();
-    EventLoop().exec(Short);
-    EXPECT_GE(timer.getElapsedMs(), Short);
 }
 
 #include "EventLoopChecks.moc"

@@ -3,156 +3,101 @@
 
 #include <functional>
 #include <gtest/gtest.h>
+#include <map>
 #include <tests/support/ExpectedMessages.h>
 
-using Hmi::Shared::LifecycleListener;
 using Hmi::Shared::ModuleManager;
 
 namespace {
 
 ModuleManager& manager() { return *ModuleManager::instance(); }
 
-/** Writes what is asked of it into a journal, as "name.operation". */
-class Module : public LifecycleListener
+using Operation = std::function<bool(const QString& aOperation)>;
+
+/** Hands on what is asked of it: its name with "+" initialize(), "-" deInitialize(), "~" the late stage. */
+struct Module : Hmi::Shared::LifecycleListener
 {
-public:
-    Module(const QString& aName, QStringList& aJournal) : mName(aName), mJournal(aJournal)
+    Module(char aName, const Operation& aOperate) : mName(QLatin1Char(aName)), mOperate(aOperate)
     {
         manager().registerListener(this);
     }
     ~Module() override { manager().unregisterListener(this); }
 
     QString getName() const override { return mName; }
-    bool initialize() override
-    {
-        note("init");
-        return succeeds;
-    }
-    void deInitialize() override { note("deInit"); }
-    void deInitializeLate() override { note("late"); }
-
-    bool succeeds = true;
-    std::function<void(const QString&)> onOperation = [](const QString&) {};
-
-private:
-    void note(const char* aOperation)
-    {
-        mJournal.append(mName + QLatin1Char('.') + QLatin1String(aOperation));
-        onOperation(QLatin1String(aOperation));
-    }
+    bool initialize() override { return mOperate(mName + QLatin1Char('+')); }
+    void deInitialize() override { mOperate(mName + QLatin1Char('-')); }
+    void deInitializeLate() override { mOperate(mName + QLatin1Char('~')); }
 
     const QString mName;
-    QStringList& mJournal;
+    const Operation mOperate;
 };
 
-struct Modules : testing::Test
+/** At one moment a module leaves or the operation fails; the states are those when start-up ends. */
+struct Life
 {
-    QStringList takeJournal() { return std::exchange(mJournal, {}); }
-
-    void shutDown()
-    {
-        manager().deInitializeModules();
-        manager().deInitializeModulesLate();
-    }
-
-    static QList<int> states()
-    {
-        QList<int> result;
-        for (const QVariant& module : manager().getModules())
-            result.append(module.toMap().value(QStringLiteral("state")).toInt());
-        return result;
-    }
-
-    QStringList mJournal;
-    Module mAudio{QStringLiteral("audio"), mJournal};
-    Module mMap{QStringLiteral("map"), mJournal};
-    Module mPhone{QStringLiteral("phone"), mJournal};
+    QString moment;
+    char leaving;
+    bool succeeds;
+    QList<int> states;
+    const char* journal;
 };
 
-QStringList words(const char* aText) { return QString::fromLatin1(aText).split(QLatin1Char(' ')); }
+constexpr int Registered = ModuleManager::ModuleRegistered;
+constexpr int AtWork = ModuleManager::ModuleInitialized;
+constexpr int Failed = ModuleManager::ModuleFailed;
+
+const Life sLives[] = {
+    {QString(), 0, true, {AtWork, AtWork, AtWork}, "a+m+p+p-m-a-p~m~a~"},
+    {QStringLiteral("m+"), 0, false, {AtWork, Failed, Registered}, "a+m+m+a-a~"},
+    {QStringLiteral("m+"), 'm', true, {AtWork, AtWork}, "a+m+p+p-a-p~a~"},
+    {QStringLiteral("m+"), 'p', true, {AtWork, AtWork}, "a+m+m-a-m~a~"},
+    {QStringLiteral("m-"), 'm', true, {AtWork, AtWork, AtWork}, "a+m+p+p-m-a-p~a~"},
+    {QStringLiteral("m~"), 'm', true, {AtWork, AtWork, AtWork}, "a+m+p+p-m-a-p~m~a~"},
+};
+
+/** As at the end of a process, where the late stage comes after the manager was deleted. */
+void shutDown()
+{
+    manager().deInitializeModules();
+    delete &manager();
+    manager().deInitializeModulesLate();
+}
 
 } // namespace
 
-TEST_F(Modules, StartsInOrderAndStopsInReverseOrder)
+TEST(ModuleManager, StartsInOrderAndStopsInReverseOrderWhatDidNotFailOrLeaveMeanwhile)
 {
-    EXPECT_TRUE(manager().initializeModules());
-    EXPECT_TRUE(manager().initializeModules());
-    EXPECT_EQ(takeJournal(), words("audio.init map.init phone.init"));
-    shutDown();
-    shutDown();
-    EXPECT_EQ(takeJournal(), words("phone.deInit map.deInit audio.deInit phone.late map.late audio.late"));
-}
-
-TEST_F(Modules, StopsAtTheModuleThatFailsAndShutsDownOnlyTheOthers)
-{
-    mMap.succeeds = false;
-    int changes = 0;
-    const auto connection =
-        QObject::connect(&manager(), &ModuleManager::modulesChanged, [&changes] { ++changes; });
-    HmiTest::expectCritical(QStringLiteral(
-        "The module \"map\" could not be initialised; the modules behind it are not started."));
-    EXPECT_FALSE(manager().initializeModules());
-    QObject::disconnect(connection);
-    EXPECT_EQ(changes, 4);
-    EXPECT_EQ(states(), (QList<int>{ModuleManager::ModuleInitialized, ModuleManager::ModuleFailed,
-                                    ModuleManager::ModuleRegistered}));
-    shutDown();
-    EXPECT_EQ(takeJournal(), words("audio.init map.init audio.deInit audio.late"));
-
-    mMap.succeeds = true;
-    EXPECT_TRUE(manager().initializeModules());
-    EXPECT_EQ(takeJournal(), words("audio.init map.init phone.init"));
-}
-
-TEST_F(Modules, LetsAModuleUnregisterItselfAndOthersMeanwhile)
-{
-    const struct
-    {
-        const char* operation;
-        const char* journal;
-    } rows[] = {
-        {"init", "audio.init map.init audio.deInit audio.late"},
-        {"deInit",
-         "audio.init map.init phone.init phone.deInit map.deInit audio.deInit phone.late audio.late"},
-        {"late", "audio.init map.init phone.init phone.deInit map.deInit audio.deInit "
-                 "phone.late map.late audio.late"},
-    };
-    for (const auto& row : rows) {
-        mJournal.clear();
-        for (Module* module : {&mAudio, &mMap, &mPhone}) {
-            manager().unregisterListener(module);
-            manager().registerListener(module);
-        }
-        mMap.onOperation = [&](const QString& aOperation) {
-            if (aOperation != QLatin1String(row.operation))
-                return;
-            manager().unregisterListener(&mMap);
-            if (aOperation == QLatin1String("init"))
-                manager().unregisterListener(&mPhone);
+    for (const Life& life : sLives) {
+        SCOPED_TRACE(life.journal);
+        QString journal;
+        std::map<char, Module> modules;
+        const Operation operate = [&](const QString& aOperation) {
+            journal += aOperation;
+            const auto leaving = modules.find(life.leaving);
+            if (aOperation == life.moment && leaving != modules.end())
+                manager().unregisterListener(&leaving->second);
+            return aOperation != life.moment || life.succeeds;
         };
-        EXPECT_TRUE(manager().initializeModules());
-        shutDown();
-        EXPECT_EQ(takeJournal(), words(row.journal)) << row.operation;
-    }
-}
-
-TEST_F(Modules, RefusesANameThatIsTakenOrEmpty)
-{
-    for (const QString& name : {QStringLiteral("map"), QString()}) {
+        for (const char name : {'a', 'm', 'p'})
+            modules.try_emplace(name, name, operate);
         HmiTest::expectWarning(
-            QStringLiteral("The module name \"%1\" is empty or taken; the module is not registered.")
-                .arg(name));
-        const Module refused(name, mJournal);
+            QStringLiteral("The module name \"m\" is empty or taken; the module is not registered."));
+        const Module refused('m', operate);
+        QList<int> states;
+        QObject::connect(&manager(), &ModuleManager::modulesChanged, [&states] {
+            states.clear();
+            for (const QVariant& module : manager().getModules())
+                states.append(module.toMap()[QStringLiteral("state")].toInt());
+        });
+        for (int time = 0; time < 2; ++time) {
+            if (!life.succeeds)
+                HmiTest::expectCritical(QStringLiteral("The module \"m\" could not be initialised; "
+                                                       "the modules behind it are not started."));
+            EXPECT_EQ(manager().initializeModules(), life.succeeds);
+        }
+        EXPECT_EQ(states, life.states);
+        shutDown();
+        shutDown();
+        EXPECT_EQ(journal, QLatin1String(life.journal));
     }
-    EXPECT_EQ(states().size(), 3);
-}
-
-TEST_F(Modules, ReachesTheLateStageAfterTheManagerWasDeleted)
-{
-    EXPECT_TRUE(manager().initializeModules());
-    manager().deInitializeModules();
-    takeJournal();
-    delete &manager();
-    manager().deInitializeModulesLate();
-    EXPECT_EQ(takeJournal(), words("phone.late map.late audio.late"));
 }

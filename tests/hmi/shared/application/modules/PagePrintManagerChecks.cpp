@@ -1,7 +1,6 @@
 #include <hmi/shared/application/modules/PagePrintManager.h>
 
 #include <QDir>
-#include <QFile>
 #include <QImage>
 #include <QQuickItem>
 #include <QTemporaryDir>
@@ -14,87 +13,50 @@ namespace {
 
 struct PagePrint : testing::Test
 {
-    void watch(PagePrintManager& aManager)
-    {
-        QObject::connect(&aManager, &PagePrintManager::printed,
-                         [this](const QString& aPath) { mPrinted.append(aPath); });
-        QObject::connect(&aManager, &PagePrintManager::printFailed,
-                         [this](const QString& aPath) { mFailed.append(aPath); });
-    }
-
-    static QImage picture(QRgb aColor)
-    {
-        QImage image(4, 3, QImage::Format_RGB32);
-        image.fill(aColor);
-        return image;
-    }
-
-    QTemporaryDir mDirectory;
-    QStringList mPrinted;
-    QStringList mFailed;
+    const QTemporaryDir mParent;
+    const QDir mFolder{mParent.filePath(QStringLiteral("var/snapshots"))};
+    const QString mName = QStringLiteral("page.png");
+    QImage mPicture{4, 3, QImage::Format_RGB32};
+    PagePrintManager mManager{mFolder.path()};
 };
 
 } // namespace
 
-TEST_F(PagePrint, CreatesTheFolderAndReplacesAFileOfTheSameName)
+TEST_F(PagePrint, CreatesTheFolderAndReplacesAFileOnlyByAWholePicture)
 {
-    PagePrintManager manager(mDirectory.filePath(QStringLiteral("var/snapshots")));
-    watch(manager);
-    const QString path = mDirectory.filePath(QStringLiteral("var/snapshots/page.png"));
+    QStringList printed;
+    QStringList failed;
+    QObject::connect(&mManager, &PagePrintManager::printed, [&](const QString& path) { printed << path; });
+    QObject::connect(&mManager, &PagePrintManager::printFailed, [&](const QString& path) { failed << path; });
+    const QString path = mFolder.filePath(mName);
     for (const QRgb color : {qRgb(255, 0, 0), qRgb(0, 0, 255)}) {
-        EXPECT_TRUE(manager.save(picture(color), QStringLiteral("page.png")));
+        mPicture.fill(color);
+        EXPECT_TRUE(mManager.save(mPicture, mName));
         EXPECT_EQ(QImage(path, "PNG").pixel(2, 2), color);
     }
-    EXPECT_EQ(mPrinted, (QStringList{path, path}));
-    EXPECT_EQ(QDir(manager.getFilePath(QString())).entryList(QDir::Files).size(), 1);
-}
-
-TEST_F(PagePrint, ReportsAPictureThatCannotBeWrittenAndKeepsTheOldFile)
-{
-    PagePrintManager manager(mDirectory.path());
-    ASSERT_TRUE(manager.save(picture(qRgb(1, 2, 3)), QStringLiteral("page.png")));
-    watch(manager);
     HmiTest::expectMessageMatching(QtWarningMsg, QStringLiteral(".*page\\.png\": there is no picture\\."));
-    EXPECT_FALSE(manager.save(QImage(), QStringLiteral("page.png")));
-    EXPECT_EQ(QImage(manager.getFilePath(QStringLiteral("page.png"))).width(), 4);
+    EXPECT_FALSE(mManager.save(QImage(), mName));
+    EXPECT_EQ(QImage(path).width(), 4);
+    EXPECT_EQ(mFolder.entryList(QDir::Files), QStringList{mName});
 
-    PagePrintManager behindAFile(manager.getFilePath(QStringLiteral("page.png")));
-    watch(behindAFile);
-    HmiTest::expectMessageMatching(QtWarningMsg,
-                                   QStringLiteral("Cannot print to .*page\\.png/other\\.png\": .+"));
-    EXPECT_FALSE(behindAFile.save(picture(0), QStringLiteral("other.png")));
-    EXPECT_EQ(mFailed, (QStringList{manager.getFilePath(QStringLiteral("page.png")),
-                                    behindAFile.getFilePath(QStringLiteral("other.png"))}));
-    EXPECT_TRUE(mPrinted.isEmpty());
+    const QString folder = mFolder.filePath(QStringLiteral("folder"));
+    QDir().mkdir(folder);
+    HmiTest::expectMessageMatching(QtWarningMsg, QStringLiteral("Cannot print to .*/folder\": .+"));
+    EXPECT_FALSE(mManager.save(mPicture, QStringLiteral("folder")));
+    EXPECT_EQ(printed, (QStringList{path, path}));
+    EXPECT_EQ(failed, (QStringList{path, folder}));
 }
 
-TEST_F(PagePrint, NeverLeavesTheFolder)
+TEST_F(PagePrint, NeverLeavesTheFolderAndPrintsNoItemWithoutAWindow)
 {
-    PagePrintManager manager(mDirectory.filePath(QStringLiteral("snapshots")));
-    watch(manager);
     QQuickItem item;
-    const char* const names[] = {"", ".", "..", "../page.png", "/tmp/page.png", "a/b.png", "a\\b.png"};
-    for (const char* const name : names) {
-        HmiTest::expectMessageMatching(QtWarningMsg, QStringLiteral(".*: this is no plain file name\\."));
-        EXPECT_FALSE(manager.print(&item, QLatin1String(name))) << name;
-        HmiTest::expectMessageMatching(QtWarningMsg, QStringLiteral(".*: this is no plain file name\\."));
-        EXPECT_FALSE(manager.save(picture(0), QLatin1String(name))) << name;
-    }
-    EXPECT_TRUE(QDir(mDirectory.path()).isEmpty());
-}
-
-TEST_F(PagePrint, PrintsNothingButItemsAndWindows)
-{
-    PagePrintManager manager(mDirectory.path());
-    watch(manager);
-    QObject other;
-    for (QObject* const object : {static_cast<QObject*>(nullptr), &other}) {
-        HmiTest::expectWarning(
-            QStringLiteral("Cannot print to \"page.png\": the object is no item and no window."));
-        EXPECT_FALSE(manager.print(object, QStringLiteral("page.png")));
+    for (const char* name : {"", ".", "..", "../page.png", "/tmp/page.png", "a/b.png", "a\\b.png"}) {
+        for (int count = 0; count < 2; ++count)
+            HmiTest::expectMessageMatching(QtWarningMsg, QStringLiteral(".*: this is no plain file name\\."));
+        EXPECT_FALSE(mManager.print(&item, QLatin1String(name))) << name;
+        EXPECT_FALSE(mManager.save(mPicture, QLatin1String(name))) << name;
     }
     HmiTest::expectMessageMatching(QtWarningMsg, QStringLiteral(".*grabToImage: .*"));
-    QQuickItem withoutWindow;
-    EXPECT_FALSE(manager.print(&withoutWindow, QStringLiteral("page.png")));
-    EXPECT_TRUE(mFailed.isEmpty());
+    EXPECT_FALSE(mManager.print(&item, mName));
+    EXPECT_TRUE(QDir(mParent.path()).isEmpty());
 }

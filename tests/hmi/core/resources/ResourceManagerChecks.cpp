@@ -1,157 +1,148 @@
+#include <hmi/core/resources/HandleDefaultsResource.h>
 #include <hmi/core/resources/ResourceManager.h>
 
 #include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
-#include <gtest/gtest.h>
 
 #include "TestBundle.h"
 #include <tests/support/ExpectedMessages.h>
 
-using Hmi::Core::ResourceKind;
-using Hmi::Core::ResourceManager;
-using HmiTest::writeBundle;
-using HmiTest::writeFile;
+using namespace Hmi::Core;
+using namespace HmiTest;
 
 namespace {
 
-const QString Table = QStringLiteral("resources.xml");
-const QString BundleName = QStringLiteral("registry_check.rcc");
-const QString BundleRoot = QStringLiteral(":/registry_check");
-
-class ResourceManagerFixture : public testing::Test
+class ResourceRegistry : public testing::Test
 {
 protected:
-    ResourceManagerFixture()
+    bool add(const char* aBundle) { return mManager.registerResource(QLatin1String(aBundle)); }
+    bool remove(const char* aBundle) { return mManager.unregisterResource(QLatin1String(aBundle)); }
+
+    /** Writes a theme's bundle with a table of these entries and another file. */
+    void writeTheme(const char* aBundle, const QByteArray& aEntries, const QByteArray& aFile,
+                    const QByteArray& aContent = "{}")
     {
-        QObject::connect(&mManager, &ResourceManager::resourcesChanged, [this] { ++mChanges; });
+        const QByteArray table = "<resources>" + aEntries + "</resources>";
+        writeBundle(mThemes, aBundle, {{"resources.xml", table}, {aFile, aContent}});
     }
 
-    QString theme(const QString& aName) const { return mThemes.filePath(aName); }
-    QString application(const QString& aName) const { return mApplication.filePath(aName); }
-    QString defaultsFile(const char* aId) const
+    /** The entries of first.rcc. */
+    static std::string entries() { return joined(QDir(QStringLiteral(":/first")).entryList()); }
+
+    std::string file(const char* aId) const
     {
-        return mManager.getFile(ResourceKind::Defaults, QString::fromLatin1(aId));
+        return mManager.getFile(ResourceKind::Defaults, QLatin1String(aId)).toStdString();
     }
 
-    QTemporaryDir mThemes;
-    QTemporaryDir mApplication;
+    const QTemporaryDir mThemes;
+    const QTemporaryDir mApplication;
     ResourceManager mManager{mThemes.path(), mApplication.path()};
-    int mChanges = 0;
 };
 
-using ResourceManagerBundles = ResourceManagerFixture;
-using ResourceManagerTables = ResourceManagerFixture;
-
-HmiTest::Files withTable(const QByteArray& aEntries, const QString& aFile)
+TEST_F(ResourceRegistry, TakesBundlesFromTheThemesBeforeTheApplicationsFolder)
 {
-    return {{Table, "<resources>" + aEntries + "</resources>"}, {aFile, "{}"}};
+    writeBundle(mApplication, "first.rcc", {{"application.txt", "a"}});
+    EXPECT_TRUE(add("first.rcc"));
+    EXPECT_EQ(entries(), "application.txt");
+    expectWarning(QStringLiteral("The resource bundle 'first.rcc' is already registered."));
+    EXPECT_FALSE(add("first.rcc"));
+    EXPECT_TRUE(remove("first.rcc"));
+    EXPECT_EQ(entries(), "");
+    expectWarning(QStringLiteral("The resource bundle 'first.rcc' is not registered."));
+    EXPECT_FALSE(remove("first.rcc"));
+
+    writeBundle(mThemes, "first.rcc", {{"theme.txt", "t"}});
+    EXPECT_TRUE(add("first.rcc"));
+    EXPECT_EQ(entries(), "theme.txt");
 }
 
-TEST_F(ResourceManagerBundles, AreTakenFromTheThemesBeforeTheApplicationsFolder)
-{
-    writeBundle(application(BundleName), {{QStringLiteral("application.txt"), "a"}});
-    ASSERT_TRUE(mManager.registerResource(BundleName));
-    EXPECT_TRUE(QFile::exists(BundleRoot + QStringLiteral("/application.txt")));
-    HmiTest::expectWarning(QStringLiteral("The resource bundle 'registry_check.rcc' is already registered."));
-    EXPECT_FALSE(mManager.registerResource(BundleName));
-    ASSERT_TRUE(mManager.unregisterResource(BundleName));
-    EXPECT_FALSE(QFile::exists(BundleRoot));
-    HmiTest::expectWarning(QStringLiteral("The resource bundle 'registry_check.rcc' is not registered."));
-    EXPECT_FALSE(mManager.unregisterResource(BundleName));
-
-    writeBundle(theme(BundleName), {{QStringLiteral("theme.txt"), "t"}});
-    ASSERT_TRUE(mManager.registerResource(BundleName));
-    EXPECT_TRUE(QFile::exists(BundleRoot + QStringLiteral("/theme.txt")));
-    EXPECT_FALSE(QFile::exists(BundleRoot + QStringLiteral("/application.txt")));
-    EXPECT_EQ(mChanges, 3);
-}
-
-TEST_F(ResourceManagerBundles, AreRefusedWithTheReason)
+TEST_F(ResourceRegistry, ListsThemesWithoutOpeningThemAndRefusesBundlesWithTheReason)
 {
     QDir(mApplication.path()).mkdir(QStringLiteral("folder.rcc"));
-    writeFile(theme(QStringLiteral("text.rcc")), "this is no bundle");
-    writeFile(theme(QStringLiteral("cut.rcc")), QByteArray("qres\0\0\0\3\0\0\1\0", 12));
-    writeFile(theme(QStringLiteral("empty.rcc")), "");
-    const QString folders =
-        QStringLiteral("; it was looked for in '%1' and '%2'.").arg(mThemes.path(), mApplication.path());
-    const QMap<QString, QString> reasons{
-        {QStringLiteral("missing.rcc"), QStringLiteral("missing.rcc' was not found") + folders},
-        {QStringLiteral("folder.rcc"),
-         QStringLiteral("folder.rcc' is a folder or a device, not a file") + folders},
-        {QStringLiteral("text.rcc"),
-         theme(QStringLiteral("text.rcc' is not a resource bundle; build it with \"rcc --binary\"."))},
-        {QStringLiteral("cut.rcc"),
-         theme(QStringLiteral("cut.rcc' is cut short or damaged; install it again."))},
-        {QStringLiteral("empty.rcc"), theme(QStringLiteral("empty.rcc' is empty; install it again."))},
-        {QStringLiteral("../up.rcc"), QStringLiteral("../up.rcc' must be given by its file name alone.")},
-        {QString(), QStringLiteral("' must be given by its file name alone.")}};
-    for (auto reason = reasons.cbegin(); reason != reasons.cend(); ++reason) {
-        HmiTest::expectWarning(QStringLiteral("The resource bundle '") + *reason);
-        EXPECT_FALSE(mManager.registerResource(reason.key())) << qPrintable(reason.key());
-    }
-    EXPECT_EQ(mChanges, 0);
-}
-
-TEST_F(ResourceManagerBundles, AreListedWithoutBeingOpened)
-{
-    mManager.loadResources(theme(QStringLiteral("missing")));
-    EXPECT_TRUE(mManager.getThemeNames().isEmpty());
-    for (const char* name : {"night.rcc", "day.v2.rcc", "readme.txt"})
-        writeFile(theme(QString::fromLatin1(name)), "no bundle");
+    writeFile(mThemes, "text.v2.rcc", "this is no bundle");
+    writeFile(mThemes, "cut.rcc", QByteArray("qres\0\0\0\3\0\0\1\0", 12));
+    writeFile(mThemes, "empty.rcc", "");
     mManager.loadResources(mThemes.path());
-    EXPECT_EQ(mManager.getThemeNames(), (QStringList{QStringLiteral("day.v2"), QStringLiteral("night")}));
+    EXPECT_EQ(joined(mManager.getThemeNames()), "cut,empty,text.v2");
+    for (const auto& [name, reason] :
+         {std::pair("missing.rcc", "was not found; it was looked for in '/.+' and '/.+'"),
+          std::pair("folder.rcc", "is a folder or a device, not a file; .+"),
+          std::pair("text.v2.rcc", "is not a resource bundle; build it with \"rcc --binary\""),
+          std::pair("cut.rcc", "is cut short or damaged; install it again"),
+          std::pair("empty.rcc", "is empty; install it again"),
+          std::pair("../up.rcc", "must be given by its file name alone")}) {
+        expectMessageMatching(QtWarningMsg, QStringLiteral("The resource bundle '.*%1' %2\\.")
+                                                .arg(QLatin1String(name), QLatin1String(reason)));
+        EXPECT_FALSE(add(name)) << name;
+    }
 }
 
-TEST_F(ResourceManagerTables, GiveTheirIdsWhileTheBundleIsRegistered)
+TEST_F(ResourceRegistry, FindsAnIdInTheBundleRegisteredLast)
 {
-    const QString second = QStringLiteral("registry_second.rcc");
-    writeFile(application(Table), "<resources><defaults id='A' file='built.json'/></resources>");
-    writeFile(application(QStringLiteral("built.json")), "{}");
-    writeBundle(theme(BundleName),
-                withTable("<defaults id='A' file='x/a.json'/><defaults id='B' file='x/a.json'/>",
-                          QStringLiteral("x/a.json")));
-    writeBundle(theme(second), withTable("<defaults id='A' file='y.json'/>", QStringLiteral("y.json")));
-
-    ASSERT_TRUE(mManager.addBuiltInTable(application(Table)));
-    ASSERT_TRUE(mManager.addBuiltInTable(application(Table)));
-    EXPECT_EQ(mChanges, 1);
-    ASSERT_TRUE(mManager.registerResource(BundleName));
-    ASSERT_TRUE(mManager.registerResource(second));
-    EXPECT_EQ(defaultsFile("A"), QStringLiteral(":/registry_second/y.json"));
-    EXPECT_EQ(defaultsFile("B"), QStringLiteral(":/registry_check/x/a.json"));
-    ASSERT_TRUE(mManager.unregisterResource(second));
-    EXPECT_EQ(defaultsFile("A"), QStringLiteral(":/registry_check/x/a.json"));
-    ASSERT_TRUE(mManager.unregisterResource(BundleName));
-    EXPECT_EQ(defaultsFile("A"), application(QStringLiteral("built.json")));
-    EXPECT_EQ(defaultsFile("B"), QString());
+    writeTheme("first.rcc", "<defaults id='A' file='x/a'/><defaults id='B' file='x/a'/>", "x/a");
+    writeTheme("second.rcc", "<defaults id='A' file='y'/>", "y");
+    writeFile(mApplication, "built.xml", "<resources><defaults id='A' file='built.xml'/></resources>");
+    const QString builtIn = mApplication.filePath(QStringLiteral("built.xml"));
+    int changes = 0;
+    QObject::connect(&mManager, &ResourceManager::resourcesChanged, [&] { ++changes; });
+    EXPECT_TRUE(mManager.addBuiltInTable(builtIn));
+    EXPECT_TRUE(mManager.addBuiltInTable(builtIn));
+    EXPECT_TRUE(add("first.rcc"));
+    EXPECT_TRUE(add("second.rcc"));
+    EXPECT_EQ(file("A"), ":/second/y");
+    EXPECT_EQ(file("B"), ":/first/x/a");
+    EXPECT_TRUE(remove("second.rcc"));
+    EXPECT_EQ(file("A"), ":/first/x/a");
+    EXPECT_TRUE(remove("first.rcc"));
+    EXPECT_EQ(file("A"), builtIn.toStdString());
+    EXPECT_EQ(file("B"), "");
+    EXPECT_EQ(changes, 5);
 }
 
-TEST_F(ResourceManagerTables, RefuseTheWholeBundleWhenFaulty)
+TEST_F(ResourceRegistry, RefusesTheWholeBundleWhenItsTableIsFaulty)
 {
-    const char* const faults[][2] = {
-        {"<defaults id='A' file='a.json'/>\n<defaults", "line 2: .*"},
-        {"<defaults id='A' file='a.json'/>\n<picture id='B' file='a.json'/>",
-         "line 2: unknown element <picture>\\."},
-        {"\n\n<defaults id='A' file='a.json'><x/></defaults>", "line 3: unknown element <x>\\."},
-        {"<defaults id='A' file='a.json'/>\n<defaults id='A' file='a.json'/>",
-         "line 2: the id 'A' is used twice\\."},
-        {"<defaults id='A' file='none.json'/>",
-         "line 1: the file ':/registry_check/none\\.json' of 'A' does not exist\\."},
+    const QByteArray good = "<defaults id='A' file='a'/>\n";
+    const std::pair<QByteArray, const char*> faults[] = {
+        {good + "<defaults", "line 2: .*"},
+        {good + "<picture id='B' file='a'/>", "line 2: unknown element <picture>\\."},
+        {good + "\n<defaults id='B' file='a'><x/></defaults>", "line 3: unknown element <x>\\."},
+        {good + good, "line 2: the id 'A' is used twice\\."},
+        {"<defaults id='A' file='none'/>", "line 1: the file ':/first/none' of 'A' does not exist\\."},
         {"<defaults id='A'/>", "line 1: <defaults> needs the attributes id and file\\."},
         {"</resources><resources>", "line 1: .*"},
     };
-    for (const auto& [entries, pattern] : faults) {
-        writeBundle(theme(BundleName), withTable(entries, QStringLiteral("a.json")));
-        HmiTest::expectMessageMatching(
-            QtWarningMsg,
-            QStringLiteral("The resource table ':/registry_check/resources.xml' is faulty in ") +
-                QString::fromLatin1(pattern));
-        EXPECT_FALSE(mManager.registerResource(BundleName)) << entries;
-        EXPECT_EQ(defaultsFile("A"), QString());
-        EXPECT_FALSE(QFile::exists(BundleRoot));
+    const QString start = QStringLiteral("The resource table ':/first/resources.xml' is faulty in ");
+    for (const auto& [content, pattern] : faults) {
+        writeTheme("first.rcc", content, "a");
+        expectMessageMatching(QtWarningMsg, start + QLatin1String(pattern));
+        EXPECT_FALSE(add("first.rcc")) << content.constData();
+        EXPECT_EQ(file("A") + entries(), "");
     }
-    EXPECT_EQ(mChanges, 0);
+}
+
+TEST_F(ResourceRegistry, KeepsTheHandleOfAnIdUpToDate)
+{
+    HandleDefaultsResource handle(QStringLiteral("A"), mManager);
+    QStringList values;
+    QObject::connect(&handle, &HandleDefaultsResource::objectChanged, [&] {
+        values.append(handle.value(QStringLiteral("a"), QStringLiteral("none")).toString());
+    });
+    for (const auto& [json, fault] :
+         {std::pair(R"({"a": "x"})", ""), std::pair(R"({"a": "y"})", ""), std::pair("[1]", "must be a .+"),
+          std::pair("{\"a\": 1,,}", "are no JSON at offset \\d+: .+")}) {
+        writeTheme("first.rcc", "<defaults id='A' file='a'/>", "a", json);
+        if (*fault)
+            expectMessageMatching(QtWarningMsg,
+                                  QLatin1String("The defaults ':/first/a' ") + QLatin1String(fault));
+        EXPECT_TRUE(add("first.rcc"));
+        emit mManager.resourcesChanged();
+        EXPECT_EQ(handle.isValid(), !*fault);
+        EXPECT_TRUE(remove("first.rcc"));
+    }
+    writeTheme("first.rcc", "<defaults id='B' file='b'/>", "b", R"({"a": "z"})");
+    EXPECT_TRUE(add("first.rcc"));
+    handle.setResourceId(QStringLiteral("B"));
+    handle.setResourceId(QStringLiteral("A"));
+    EXPECT_EQ(joined(values), "x,none,y,none,z,none");
 }
 
 } // namespace

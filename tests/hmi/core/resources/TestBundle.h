@@ -1,19 +1,31 @@
 #pragma once
 
-#include <QByteArray>
 #include <QMap>
-#include <QString>
-#include <QStringList>
+#include <QProcess>
+#include <gtest/gtest.h>
+
+#include <tests/support/FilesAndWaits.h>
 
 namespace HmiTest {
 
 /** Contents by path. */
-using Files = QMap<QString, QByteArray>;
+using Files = QMap<QByteArray, QByteArray>;
 
-/** Writes the file and the folders above it; as below, a failure fails the check. */
-void writeFile(const QString& aPath, const QByteArray& aContent);
-
-/** Compiles the files into a resource bundle with Qt's rcc. */
-void writeBundle(const QString& aPath, const Files& aFiles, const QStringList& aOptions = {});
+/** Compiles the files into a resource bundle of the folder with Qt's rcc; a failure fails the check. */
+inline void writeBundle(const QTemporaryDir& aFolder, const char* aName, const Files& aFiles,
+                        const QStringList& aOptions = {})
+{
+    const QTemporaryDir sources;
+    QByteArray list("<RCC><qresource prefix=\"/\">");
+    for (auto file = aFiles.cbegin(); file != aFiles.cend(); ++file) {
+        const QByteArray source = QByteArray::number(list.size());
+        writeFile(sources, source, file.value());
+        list += "<file alias=\"" + file.key() + "\">" + source + "</file>";
+    }
+    writeFile(sources, "bundle.qrc", list + "</qresource></RCC>");
+    const QStringList arguments{QStringLiteral("--binary"), sources.filePath(QStringLiteral("bundle.qrc")),
+                                QStringLiteral("-o"), aFolder.filePath(QLatin1String(aName))};
+    ASSERT_EQ(QProcess::execute(QStringLiteral(HMI_RCC), arguments + aOptions), 0);
+}
 
 } // namespace HmiTest

@@ -1,9 +1,7 @@
-#include <QElapsedTimer>
-#include <QFileDevice>
-#include <QTemporaryDir>
 #include <csignal>
 #include <gtest/gtest.h>
-#include <memory>
+#include <optional>
+#include <tuple>
 
 #include <hmi/core/view/ProcessLauncher.h>
 #include <tests/support/ExpectedMessages.h>
@@ -16,119 +14,97 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr const char* Stubborn = "trap '' TERM; echo $$ > \"$0\"; exec sleep 60";
-constexpr const char* Docile = "echo $$ > \"$0\"; exec sleep 60";
 
 class Launcher : public testing::Test
 {
 protected:
     Launcher()
     {
-        QObject::connect(&*mLauncher, &ProcessLauncher::started, [this](int id) { log("started", id); });
-        QObject::connect(&*mLauncher, &ProcessLauncher::failed, [this](int id) { log("failed", id); });
+        QObject::connect(&*mLauncher, &ProcessLauncher::started, [this](int id) { log(id, "started"); });
+        QObject::connect(&*mLauncher, &ProcessLauncher::failed, [this](int id) { log(id, "failed"); });
         QObject::connect(&*mLauncher, &ProcessLauncher::finished, [this](int id, int exitCode, bool crashed) {
-            EXPECT_FALSE(mLauncher->isRunning(id));
-            log(crashed ? "crashed" : "ended", id, QString::number(exitCode));
+            log(id, (crashed ? " crashed " : " ended ") + std::to_string(exitCode));
         });
     }
 
-    void log(const char* aSignal, int aId, const QString& aExitCode = {})
+    void log(int aId, const std::string& aSignal)
     {
         EXPECT_EQ(aId, mId) << aSignal;
-        mSignals.append(QLatin1String(aSignal) + aExitCode);
+        mSignals += aSignal;
     }
 
-    /** Runs it to its end and tells the signals that came. */
-    std::string signalsOf(const std::function<int()>& aLaunch)
+    void launchScript(const char* aScript)
     {
         mSignals.clear();
-        mId = aLaunch();
-        EXPECT_GT(mId, 0);
-        EXPECT_TRUE(waitUntil([this] { return !mLauncher->isRunning(mId); }));
-        return joined(mSignals);
-    }
-
-    int launchScript(const char* aScript)
-    {
-        return mLauncher->launch(QStringLiteral("sh"),
-                                 {QStringLiteral("-c"), QLatin1String(aScript), readyFile()});
+        QFile::remove(mReadyFile);
+        mId = mLauncher->launch(QStringLiteral("sh"),
+                                {QStringLiteral("-c"), QLatin1String(aScript), mReadyFile});
     }
 
     /** The child's process id, once it has written it to the file it was given. */
     int waitForProcess() const
     {
-        EXPECT_TRUE(waitUntil([this] { return readFile(readyFile()).endsWith('\n'); }));
-        return readFile(readyFile()).trimmed().toInt();
+        EXPECT_TRUE(waitUntil([this] { return readFile(mReadyFile).endsWith('\n'); }));
+        return readFile(mReadyFile).trimmed().toInt();
     }
 
-    QString readyFile() const { return mFolder.filePath(QStringLiteral("ready")); }
+    std::string signalsToTheEnd()
+    {
+        EXPECT_TRUE(waitUntil([this] { return !mLauncher->isRunning(mId); }));
+        return mSignals;
+    }
 
     const QTemporaryDir mFolder;
-    std::unique_ptr<ProcessLauncher> mLauncher = std::make_unique<ProcessLauncher>(200ms);
-    QStringList mSignals;
+    const QString mReadyFile = mFolder.filePath(QStringLiteral("ready"));
+    std::optional<ProcessLauncher> mLauncher{200ms};
+    std::string mSignals;
     int mId = 0;
 };
 
 } // namespace
 
-TEST_F(Launcher, ReportsHowAChildEnded)
+TEST_F(Launcher, TellsOnceHowAChildEndedByItselfOrWhenAsked)
 {
-    for (const auto& [script, expected] :
-         {std::make_pair("exit 0", "started,ended0"), std::make_pair("exit 7", "started,ended7"),
-          std::make_pair("kill -9 $$", "started,crashed9"),
-          std::make_pair("read line || exit 3", "started,ended3")})
-        EXPECT_EQ(signalsOf([this, text = script] { return launchScript(text); }), expected) << script;
-    EXPECT_FALSE(mLauncher->terminate(mId)) << "it has ended";
-}
-
-TEST_F(Launcher, RefusesWhatIsNoProgram)
-{
-    writeFile(mFolder, "text", "no program");
-    for (const QString& program :
-         {QString(), QStringLiteral("no-such-program-anywhere"), mFolder.filePath(QStringLiteral("text")),
-          mFolder.filePath(QStringLiteral("missing")), mFolder.path()}) {
-        expectWarning(
-            QStringLiteral("The program \"%1\" was not started: there is no executable file of this name.")
-                .arg(program));
-        EXPECT_EQ(mLauncher->launch(program), 0);
-    }
-    EXPECT_TRUE(mSignals.isEmpty());
-}
-
-TEST_F(Launcher, ReportsAProgramThatCannotRun)
-{
-    const QString program = mFolder.filePath(QStringLiteral("program"));
-    writeFile(mFolder, "program", "#!/no/such/interpreter\n");
-    QFile::setPermissions(program, QFileDevice::ReadOwner | QFileDevice::ExeOwner);
-    expectMessageMatching(QtWarningMsg, QStringLiteral("The program .*/program\" was not started: .+"));
-    EXPECT_EQ(signalsOf([&] { return mLauncher->launch(program); }), "failed");
-}
-
-TEST_F(Launcher, AsksAChildToEndAndKillsItWhenItDoesNot)
-{
-    for (const auto& [script, expected] :
-         {std::make_pair(Docile, "started,crashed15"), std::make_pair(Stubborn, "started,crashed9")}) {
-        QFile::remove(readyFile());
-        const auto launchAndTerminate = [this, text = script] {
-            mId = launchScript(text);
+    using Case = std::tuple<const char*, bool, const char*>;
+    for (const auto& [script, isAsked, expected] :
+         {Case{"exit 7", false, "started ended 7"}, Case{"read line || exit 3", false, "started ended 3"},
+          Case{"kill -9 $$", false, "started crashed 9"},
+          Case{"echo $$ > \"$0\"; exec sleep 60", true, "started crashed 15"},
+          Case{Stubborn, true, "started crashed 9"}}) {
+        launchScript(script);
+        if (isAsked) {
             waitForProcess();
             EXPECT_TRUE(mLauncher->terminate(mId));
             EXPECT_TRUE(mLauncher->isRunning(mId)) << "the call does not wait";
-            return mId;
-        };
-        EXPECT_EQ(signalsOf(launchAndTerminate), expected);
+        }
+        EXPECT_EQ(signalsToTheEnd(), expected) << script;
     }
+    EXPECT_FALSE(mLauncher->terminate(mId)) << "it has ended";
+}
+
+TEST_F(Launcher, ReportsWhatCannotRun)
+{
+    writeFile(mFolder, "text", "#!/no/such/interpreter\n");
+    const QString text = mFolder.filePath(QStringLiteral("text"));
+    for (const QString& program : {QString(), QStringLiteral("no-such-program"), text, mFolder.path()}) {
+        expectMessageMatching(
+            QtWarningMsg, QStringLiteral("The program \"%1\" was not started: there is no .+").arg(program));
+        EXPECT_EQ(mLauncher->launch(program), 0);
+    }
+    QFile::setPermissions(text, QFile::ReadOwner | QFile::ExeOwner);
+    expectMessageMatching(QtWarningMsg, QStringLiteral("The program .*/text\" was not started: .+"));
+    mId = mLauncher->launch(text);
+    EXPECT_EQ(signalsToTheEnd(), "failed");
 }
 
 TEST_F(Launcher, EndsItsChildrenWithItselfSilently)
 {
-    mId = launchScript(Stubborn);
+    launchScript(Stubborn);
     const int process = waitForProcess();
     launchScript("exec sleep 60");
-    mSignals.clear();
-    QElapsedTimer time;
-    time.start();
+    const QDeadlineTimer deadline(20000);
     mLauncher.reset();
-    EXPECT_LT(time.elapsed(), 20000);
+    EXPECT_FALSE(deadline.hasExpired());
     EXPECT_EQ(kill(process, 0), -1) << "the child is still there";
-    EXPECT_TRUE(mSignals.isEmpty());
+    EXPECT_EQ(mSignals, "");
 }

@@ -1,22 +1,17 @@
 #include <gtest/gtest.h>
-#include <memory>
+#include <optional>
 
 #include <hmi/core/view/RestrictedModeManager.h>
 #include <hmi/core/view/RestrictedModePolicy.h>
-#include <tests/support/FilesAndWaits.h>
 
 using Hmi::Core::RestrictedModeManager;
-using Hmi::Core::RestrictedModePolicy;
-using HmiTest::joined;
 
 namespace {
 
 /** Announces every value, also an unchanged one. */
-class SwitchPolicy : public RestrictedModePolicy
+class SwitchPolicy : public Hmi::Core::RestrictedModePolicy
 {
 public:
-    explicit SwitchPolicy(bool aOn = false) : mOn(aOn) {}
-
     void start() override { ++mRunning; }
     void stop() override { --mRunning; }
     bool isRestrictedModeOn() const override { return mOn; }
@@ -28,94 +23,64 @@ public:
     }
 
     int mRunning = 0;
-    bool mOn;
-};
-
-class RestrictedMode : public testing::Test
-{
-protected:
-    RestrictedMode()
-    {
-        QObject::connect(&*mManager, &RestrictedModeManager::modeChanged, [this](bool on) {
-            mModes += on ? "on " : "off ";
-            EXPECT_EQ(mManager->isRestrictedModeOn(), on);
-        });
-    }
-
-    std::unique_ptr<RestrictedModeManager> mManager = std::make_unique<RestrictedModeManager>();
-    std::string mModes;
+    bool mOn = false;
 };
 
 } // namespace
 
-TEST_F(RestrictedMode, AnnouncesOnlyRealChangesOfThePolicy)
+TEST(RestrictedMode, AnnouncesOnlyRealChangesAndIsNotLiftedWhenThePolicyVanishes)
 {
-    SwitchPolicy policy;
-    mManager->setPolicy(&policy);
-    mManager->setPolicy(&policy);
-    EXPECT_EQ(policy.mRunning, 1);
+    std::optional<RestrictedModeManager> manager(std::in_place);
+    std::string modes;
+    QObject::connect(&*manager, &RestrictedModeManager::modeChanged, [&](bool on) {
+        modes += on ? "on " : "off ";
+        EXPECT_EQ(manager->isRestrictedModeOn(), on);
+    });
+    SwitchPolicy first;
+    manager->setPolicy(&first);
+    manager->setPolicy(&first);
+    EXPECT_EQ(first.mRunning, 1);
     for (const bool on : {false, true, true, false, false, true})
-        policy.set(on);
-    EXPECT_EQ(mModes, "on off on ");
-}
+        first.set(on);
+    EXPECT_EQ(modes, "on off on ");
 
-TEST_F(RestrictedMode, FollowsTheInstalledPolicyOnly)
-{
-    SwitchPolicy first(true);
-    SwitchPolicy second;
-    mManager->setPolicy(&first);
-    mManager->setPolicy(&second);
+    std::optional<SwitchPolicy> second(std::in_place);
+    manager->setPolicy(&*second);
     EXPECT_EQ(first.mRunning, 0);
     first.set(false);
     first.set(true);
-    EXPECT_EQ(mModes, "on off ");
-    second.set(true);
-    mManager->setPolicy(nullptr);
-    EXPECT_EQ(mModes, "on off on off ");
-    EXPECT_EQ(second.mRunning, 0);
+    EXPECT_EQ(modes, "on off on off ");
+    second->set(true);
+    second.reset();
+    EXPECT_TRUE(manager->isRestrictedModeOn());
+    manager->setPolicy(nullptr);
+    EXPECT_EQ(modes, "on off on off on off ");
 
-    mManager->setPolicy(&first);
-    mManager.reset();
+    manager->setPolicy(&first);
+    manager.reset();
     EXPECT_EQ(first.mRunning, 0);
-    first.set(false);
 }
 
-TEST_F(RestrictedMode, AVanishedPolicyLiftsNoRestriction)
+TEST(RestrictedMode, RefusesAndReportsListedActionsWhileOn)
 {
-    auto policy = std::make_unique<SwitchPolicy>(true);
-    mManager->setPolicy(policy.get());
-    policy.reset();
-    EXPECT_TRUE(mManager->isRestrictedModeOn());
-    mManager->setPolicy(nullptr);
-    EXPECT_FALSE(mManager->isRestrictedModeOn());
-    EXPECT_EQ(mModes, "on off ");
-}
-
-TEST_F(RestrictedMode, RefusesAndReportsListedActionsWhileOn)
-{
-    QStringList refusals;
-    QObject* source = nullptr;
-    QObject::connect(&*mManager, &RestrictedModeManager::actionRestricted,
+    SwitchPolicy policy;
+    RestrictedModeManager manager;
+    manager.setPolicy(&policy);
+    std::string refusals;
+    QObject::connect(&manager, &RestrictedModeManager::actionRestricted,
                      [&](int aCategory, int aMessage, QObject* aSource, const QString& aAction) {
-                         refusals.append(
-                             QStringLiteral("%1 %2 %3").arg(aCategory).arg(aMessage).arg(aAction));
-                         source = aSource;
+                         EXPECT_EQ(aSource, &policy);
+                         refusals += std::to_string(aCategory * 10 + aMessage) + aAction.toStdString();
                      });
     const QString video = QStringLiteral("playVideo");
-    mManager->restrictAction(video, 1, 1);
-    mManager->restrictAction(video, 3, 7);
-    mManager->restrictAction(QStringLiteral("dial"));
-    EXPECT_EQ(joined(mManager->getRestrictedActions()), "dial,playVideo");
-    EXPECT_TRUE(mManager->requestAction(video)) << "the mode is off";
-
-    SwitchPolicy policy(true);
-    mManager->setPolicy(&policy);
-    EXPECT_FALSE(mManager->isActionAllowed(video));
-    EXPECT_TRUE(mManager->requestAction(QStringLiteral("playRadio")));
-    EXPECT_TRUE(refusals.isEmpty());
-    EXPECT_FALSE(mManager->requestAction(video, &policy));
-    EXPECT_EQ(joined(refusals), "3 7 playVideo");
-    EXPECT_EQ(source, &policy);
-    mManager->releaseAction(video);
-    EXPECT_TRUE(mManager->requestAction(video));
+    manager.restrictAction(video, 1, 1);
+    manager.restrictAction(video, 3, 7);
+    EXPECT_TRUE(manager.requestAction(video)) << "the mode is off";
+    policy.set(true);
+    EXPECT_FALSE(manager.isActionAllowed(video));
+    EXPECT_TRUE(manager.requestAction(QStringLiteral("playRadio")));
+    EXPECT_FALSE(manager.requestAction(video, &policy));
+    EXPECT_EQ(refusals, "37playVideo");
+    manager.releaseAction(video);
+    EXPECT_TRUE(manager.requestAction(video));
 }

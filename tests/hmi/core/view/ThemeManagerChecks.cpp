@@ -1,6 +1,5 @@
-#include <QRegularExpression>
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
+#include <tuple>
 
 #include <hmi/core/view/ThemeManager.h>
 #include <tests/support/ExpectedMessages.h>
@@ -9,72 +8,37 @@
 using Hmi::Core::ThemeManager;
 using namespace HmiTest;
 
-namespace {
-
-class Themes : public testing::Test
-{
-protected:
-    Themes()
-    {
-        QObject::connect(&mManager, &ThemeManager::currentThemeChanged,
-                         [this] { mLog.append(QStringLiteral("now ") + mManager.getCurrentTheme()); });
-    }
-
-    bool record(const char* aAction, const QString& aFile)
-    {
-        mLog.append(QLatin1String(aAction) + aFile);
-        return !mBroken.contains(aFile);
-    }
-
-    std::string actionsOf(const char* aTheme, bool aExpected = true)
-    {
-        mLog.clear();
-        EXPECT_EQ(mManager.setCurrentTheme(QLatin1String(aTheme)), aExpected) << aTheme;
-        return joined(mLog);
-    }
-
-    const QTemporaryDir mFolder;
-    QStringList mLog;
-    QStringList mBroken;
-    ThemeManager mManager{mFolder.path(),
-                          {[this](const QString& aFile) { return record("+", aFile); },
-                           [this](const QString& aFile) { return record("-", aFile); }}};
-};
-
-} // namespace
-
-TEST(ThemeManager, FindsTheBundlesOfTheThemesPathOnly)
+TEST(ThemeManager, HasAThemeAtEveryMomentOfASwitchAndKeepsTheOldOneWhenItFails)
 {
     const QTemporaryDir folder;
     for (const char* file : {"night.rcc", "day.rcc", "sport.v2.rcc", "notes.txt"})
         writeFile(folder, file, "x");
-    EXPECT_EQ(joined(ThemeManager(folder.path(), {}).getAvailableThemes()), "day,night,sport.v2");
-    EXPECT_TRUE(ThemeManager(folder.filePath(QStringLiteral("none")), {}).getAvailableThemes().isEmpty());
-}
+    std::string actions;
+    QString broken;
+    const auto recorder = [&](const char* aAction) {
+        return [&, aAction](const QString& aFile) {
+            actions += aAction + aFile.toStdString();
+            return aFile != broken;
+        };
+    };
+    ThemeManager manager(folder.path(), {recorder(" +"), recorder(" -")});
+    QObject::connect(&manager, &ThemeManager::currentThemeChanged,
+                     [&] { actions += " = " + manager.getCurrentTheme().toStdString(); });
+    EXPECT_EQ(joined(manager.getAvailableThemes()), "day,night,sport.v2");
 
-TEST_F(Themes, ThereIsAThemeAtEveryMomentOfASwitch)
-{
-    EXPECT_EQ(actionsOf("day"), "+day.rcc,now day");
-    EXPECT_EQ(actionsOf("day"), "");
-    EXPECT_EQ(actionsOf("night"), "+night.rcc,-day.rcc,now night");
-    EXPECT_EQ(actionsOf(""), "-night.rcc,now ");
-}
-
-TEST_F(Themes, AFailedSwitchKeepsTheOldTheme)
-{
-    actionsOf("day");
-    mBroken = QStringList{QStringLiteral("night.rcc")};
-    for (const char* theme : {"night", "../day"}) {
-        expectMessageMatching(
-            QtWarningMsg,
-            QStringLiteral("The theme \"%1\" cannot be shown, \"day\" stays: its bundle .*%2\\.")
-                .arg(QRegularExpression::escape(QLatin1String(theme)), mFolder.path()));
-        const std::string actions = actionsOf(theme, false);
-        EXPECT_TRUE(actions.empty() || actions == "+night.rcc") << actions;
+    const char* const refused = "The theme .+ cannot be shown, \"day\" stays: its bundle .+";
+    using Case = std::tuple<const char*, const char*, const char*, const char*>;
+    for (const auto& [theme, brokenBundle, expected, warning] :
+         {Case{"night", "", " +night.rcc = night", ""}, Case{"night", "", "", ""},
+          Case{"day", "", " +day.rcc -night.rcc = day", ""},
+          Case{"night", "night.rcc", " +night.rcc", refused}, Case{"../day", "", "", refused},
+          Case{"night", "day.rcc", " +night.rcc -day.rcc = night", "The bundle \"day.rcc\" of the former .+"},
+          Case{"", "", " -night.rcc = ", ""}}) {
+        actions.clear();
+        broken = QLatin1String(brokenBundle);
+        if (*warning)
+            expectMessageMatching(QtWarningMsg, QLatin1String(warning));
+        EXPECT_EQ(manager.setCurrentTheme(QLatin1String(theme)), warning != refused) << theme;
+        EXPECT_EQ(actions, expected);
     }
-    EXPECT_EQ(mManager.getCurrentTheme(), QStringLiteral("day"));
-
-    mBroken = QStringList{QStringLiteral("day.rcc")};
-    expectMessageMatching(QtWarningMsg, QStringLiteral("The bundle \"day.rcc\" of the former .*"));
-    EXPECT_EQ(actionsOf("night"), "+night.rcc,-day.rcc,now night") << "a bundle that stays is no obstacle";
 }

@@ -14,6 +14,14 @@
 #include <hmi/shared/application/modules/HmiVehicle.h>
 #include <hmi/shared/application/modules/ModuleManager.h>
 #include <hmi/shared/application/modules/PagePrintManager.h>
+#include <hmi/shared/units/DateTime.h>
+#include <hmi/shared/units/Distance.h>
+#include <hmi/shared/units/MeasurementBase.h>
+#include <hmi/shared/units/MeasurementUnits.h>
+#include <hmi/shared/units/NumberPrecision.h>
+#include <hmi/shared/units/PhoneNumberUtility.h>
+#include <hmi/shared/units/Speed.h>
+#include <hmi/shared/units/TimeDuration.h>
 
 static void initializeResourceCollection() { Q_INIT_RESOURCE(hmi_shared); }
 
@@ -23,6 +31,7 @@ namespace Hmi::Shared {
 
 using Core::registerQmlFileSingleton;
 using Core::registerQmlSingleton;
+using Core::registerQmlType;
 using Core::registerQmlUncreatableType;
 
 void registerResources() { initializeResourceCollection(); }
@@ -37,8 +46,17 @@ void registerSharedModule()
     registerQmlFileSingleton(QUrl(QStringLiteral("qrc:///hmi/shared/BackManager.qml")), uri, "BackManager");
     registerQmlSingleton<HardwareButtonManager>(uri, "HardwareButtonManager");
     registerQmlSingleton<HmiSharedGlobal>(uri, "HmiShared");
+    registerQmlSingleton<MeasurementUnits>(uri, "MeasurementUnits");
     registerQmlSingleton<ModuleManager>(uri, "ModuleManager");
     registerQmlSingleton<PagePrintManager>(uri, "PagePrintManager");
+    registerQmlSingleton<PhoneNumberUtility>(uri, "PhoneNumberUtility");
+
+    registerQmlType<DateTime>(uri, "DateTime");
+    registerQmlType<Distance>(uri, "Distance");
+    registerQmlType<MeasurementBase>(uri, "MeasurementBase");
+    registerQmlType<NumberPrecision>(uri, "NumberPrecision");
+    registerQmlType<Speed>(uri, "Speed");
+    registerQmlType<TimeDuration>(uri, "TimeDuration");
 
     registerQmlUncreatableType<HmiSharedConfigs>(uri, "HmiSharedConfigs");
 }

@@ -1,9 +1,10 @@
 #include <hmi/shared/application/modules/HmiSharedGlobal.h>
 
-#include <QDateTime>
-#include <QLocale>
+#include <QMetaObject>
+#include <QMetaType>
 #include <QQmlEngine>
 
+#include <hmi/core/language/LanguageManager.h>
 #include <hmi/shared/application/modules/PagePrintManager.h>
 
 namespace Hmi::Shared {
@@ -11,6 +12,8 @@ namespace Hmi::Shared {
 HmiSharedGlobal::HmiSharedGlobal(QQmlEngine*, QJSEngine*)
 {
     QQmlEngine::setObjectOwnership(getConfigs(), QQmlEngine::CppOwnership);
+    // QML calls no function whose result it does not know.
+    qRegisterMetaType<QLocale::Language>();
     mCollator.setNumericMode(true);
 }
 
@@ -30,6 +33,48 @@ QString HmiSharedGlobal::saveScreenshot(QObject* aWindow)
     const QString fileName = QStringLiteral("screenshot-") + time + QStringLiteral(".png");
     PagePrintManager* printer = PagePrintManager::instance();
     return printer->print(aWindow, fileName) ? printer->getFilePath(fileName) : QString();
+}
+
+QString HmiSharedGlobal::formatDateTime(const QDateTime& aDateTime, const QString& aFormat, bool aUseOffset,
+                                        int aOffsetUtc, const QString& aLanguage)
+{
+    if (!aDateTime.isValid())
+        return QString();
+    const QLocale& locale = findLocale(aLanguage);
+    return locale.toString(aUseOffset ? aDateTime.toUTC().addSecs(aOffsetUtc) : aDateTime, aFormat);
+}
+
+QLocale::Language HmiSharedGlobal::convertLanguage(const QString& aLanguage) const
+{
+    return languageOf(aLanguage);
+}
+
+qint64 HmiSharedGlobal::daysToToday(const QDate& aDate, int aOffsetUtc) const
+{
+    return aDate.daysTo(QDateTime::currentDateTimeUtc().toOffsetFromUtc(aOffsetUtc).date());
+}
+
+void HmiSharedGlobal::setUtcOffset(int aUtcOffset)
+{
+    if (mUtcOffset == aUtcOffset)
+        return;
+    mUtcOffset = aUtcOffset;
+    QMetaObject::invokeMethod(this, &HmiSharedGlobal::utcOffsetChanged, Qt::QueuedConnection);
+}
+
+/** Finding a locale takes half as long as formatting with it, and screens format again and again in one. */
+const QLocale& HmiSharedGlobal::findLocale(const QString& aLanguage)
+{
+    const Core::LanguageManager& manager = *Core::LanguageManager::instance();
+    const QString language = aLanguage.isEmpty() ? manager.getCurrentLanguage() : aLanguage;
+    if (mLocaleIsCurrent && language == mLocaleLanguage)
+        return mLocale;
+    const auto id = convertLanguage(language.isEmpty() ? manager.getLanguageCode() : language);
+    // What Qt takes for any language follows the default locale, which may become another.
+    mLocaleIsCurrent = id != QLocale::AnyLanguage;
+    mLocale = QLocale(id, QLocale::AnyCountry);
+    mLocaleLanguage = language;
+    return mLocale;
 }
 
 } // namespace Hmi::Shared

@@ -1,19 +1,23 @@
 #pragma once
 
 #include <QCollator>
+#include <QDate>
+#include <QDateTime>
+#include <QLocale>
 #include <QString>
 
 #include <hmi/core/foundation/SingletonCppQml.h>
 #include <hmi/shared/application/HmiSharedConfigs.h>
+#include <hmi/shared/units/DateTimeFormat.h>
 
 namespace Hmi::Shared {
 
 /**
  * The library's global object, "HmiShared" in QML: the configuration, the features that it switches on, and
- * what every screen needs and no other class offers. Created after the configuration was loaded. Main thread
- * only.
+ * what every screen needs and no other class offers, such as dates and times as text. Created after the
+ * configuration was loaded. Main thread only.
  */
-class Q_DECL_EXPORT HmiSharedGlobal : public Core::SingletonCppQml<HmiSharedGlobal>
+class Q_DECL_EXPORT HmiSharedGlobal : public Core::SingletonCppQml<HmiSharedGlobal>, public DateTimeFormat
 {
     Q_OBJECT
     Q_PROPERTY(Hmi::Shared::HmiSharedConfigs* configs READ getConfigs CONSTANT)
@@ -22,6 +26,27 @@ class Q_DECL_EXPORT HmiSharedGlobal : public Core::SingletonCppQml<HmiSharedGlob
     Q_PROPERTY(bool signalServiceEnabled READ getSignalServiceEnabled CONSTANT)
     Q_PROPERTY(bool systemUpdateEnabled READ getSystemUpdateEnabled CONSTANT)
     Q_PROPERTY(bool voiceManagerEnabled READ getVoiceManagerEnabled CONSTANT)
+    Q_PROPERTY(QString formatDate MEMBER FormatDate CONSTANT)
+    Q_PROPERTY(QString formatDay MEMBER FormatDay CONSTANT)
+    Q_PROPERTY(QString formatDayFull MEMBER FormatDayFull CONSTANT)
+    Q_PROPERTY(QString formatDayMonthLongYear MEMBER FormatDayMonthLongYear CONSTANT)
+    Q_PROPERTY(QString formatDayNumber MEMBER FormatDayNumber CONSTANT)
+    Q_PROPERTY(QString formatHour24 MEMBER FormatHour24 CONSTANT)
+    Q_PROPERTY(QString formatHourAmPm MEMBER FormatHourAmPm CONSTANT)
+    Q_PROPERTY(QString formatHourMinute24 MEMBER FormatHourMinute24 CONSTANT)
+    Q_PROPERTY(QString formatHourMinuteMeridian MEMBER FormatHourMinuteMeridian CONSTANT)
+    Q_PROPERTY(QString formatLongYearMonthDay MEMBER FormatLongYearMonthDay CONSTANT)
+    Q_PROPERTY(QString formatMonth MEMBER FormatMonth CONSTANT)
+    Q_PROPERTY(QString formatMonthDayLongYear MEMBER FormatMonthDayLongYear CONSTANT)
+    Q_PROPERTY(QString formatMonthDayYear MEMBER FormatMonthDayYear CONSTANT)
+    Q_PROPERTY(QString formatMonthFull MEMBER FormatMonthFull CONSTANT)
+    Q_PROPERTY(QString formatYearFull MEMBER FormatYearFull CONSTANT)
+    /**
+     * The offset from UTC, in seconds, at which the screens show times; 0 at first and after a reset. A new
+     * value is read at once and announced from the event loop.
+     */
+    Q_PROPERTY(
+        int utcOffset READ getUtcOffset WRITE setUtcOffset RESET resetUtcOffset NOTIFY utcOffsetChanged)
     friend class Core::SingletonCppQml<HmiSharedGlobal>;
 
 public:
@@ -48,10 +73,40 @@ public:
      */
     Q_INVOKABLE QString saveScreenshot(QObject* aWindow);
 
+    /**
+     * The date and time in the pattern, in the given language or, when that is empty, in the one of
+     * LanguageManager. A language that is not known here is left to QLocale, as QLocale::AnyLanguage.
+     *
+     * With aUseOffset it is the wall-clock time aOffsetUtc seconds east of UTC, and the pattern's "t" reads
+     * "UTC". Otherwise it is the time as its own time zone or offset has it. Empty for a null or invalid one.
+     */
+    Q_INVOKABLE QString formatDateTime(const QDateTime& aDateTime, const QString& aFormat,
+                                       bool aUseOffset = false, int aOffsetUtc = 0,
+                                       const QString& aLanguage = QString());
+
+    /** QLocale::AnyLanguage for a code that is not in the table of languages. */
+    Q_INVOKABLE QLocale::Language convertLanguage(const QString& aLanguage) const;
+
+    /** From the date to the day that it is now aOffsetUtc seconds east of UTC; positive for the past. */
+    Q_INVOKABLE qint64 daysToToday(const QDate& aDate, int aOffsetUtc = 0) const;
+
+    Q_INVOKABLE int getUtcOffset() const { return mUtcOffset; }
+    void setUtcOffset(int aUtcOffset);
+    void resetUtcOffset() { setUtcOffset(0); }
+
+signals:
+    void utcOffsetChanged();
+
 private:
     HmiSharedGlobal(QQmlEngine* aEngine, QJSEngine* aScriptEngine);
 
+    const QLocale& findLocale(const QString& aLanguage);
+
     QCollator mCollator;
+    QLocale mLocale;               ///< of mLocaleLanguage
+    QString mLocaleLanguage;       ///< empty: the system's
+    bool mLocaleIsCurrent = false; ///< false for any language too, which follows the default locale
+    int mUtcOffset = 0;
 };
 
 } // namespace Hmi::Shared

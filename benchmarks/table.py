@@ -15,6 +15,14 @@ RATIOS = [
     ("log line to file / qFormatLogMessage + write", "LogLine", "FormatAndWrite", 1.05),
     ("log line to file / spdlog with flush", "LogLine", "SpdlogWithFlush", None),
     ("event-loop wake-up / bare QEventLoop", "EventLoopWakeUp", "BareEventLoopWakeUp", 1.1),
+    ("64 distances, fixed units / multiplication", "ConvertDistance", "InlineMultiplication", 1.2),
+    ("64 distances, any units / multiplication", "ConvertDistanceByVariables", "InlineMultiplication", None),
+    ("64 distances, any units / KUnitConversion", "ConvertDistanceByVariables", "KUnitConversionDistance", 0.02),
+    ("NumberPrecision write / plain property write", "NumberPrecisionWrite", "PlainPropertyWrite", None),
+    ("formatDateTime() / QLocale::toString", "FormatDateTime", "BareLocaleToString", 1.1),
+    ("formatDateTime() at an offset / QLocale::toString", "FormatDateTimeAtOffset", "BareLocaleToString", None),
+    ("phone number format / libphonenumber", "PhoneNumberFormat", "LibphonenumberFormat", 0.05),
+    ("phone number format / bare match of the pattern", "PhoneNumberFormat", "BareNumberMatch", None),
 ]
 LOG_LINE_LIMIT = 3000  # nanoseconds
 HOST_TIME_LIMIT = 2.0  # milliseconds

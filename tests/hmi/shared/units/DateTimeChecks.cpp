@@ -22,7 +22,6 @@ TEST(DateTime, AnnouncesTheInstantAndTheOffsetEachForItself)
     EXPECT_EQ(set(epoch), "0 time");
     EXPECT_EQ(set(epoch.toOffsetFromUtc(7200)), "7200 offset");
     EXPECT_EQ(set(epoch.toOffsetFromUtc(7200)), "7200");
-    const QDateTime far(QDate(2050, 7, 1), QTime(12, 0), QTimeZone("America/New_York"));
-    EXPECT_EQ(set(far), "-14400 time offset");
-    EXPECT_EQ(set(far.addMonths(-1806)), "-18000 time offset");
+    EXPECT_EQ(set(QDateTime(QDate(2050, 7, 1), QTime(12, 0), QTimeZone("America/New_York"))),
+              "-14400 time offset");
 }

@@ -13,8 +13,8 @@ TestCase {
     readonly property var singletons: ({
         "Hmi.Core": "HighlightManager HmiCore KeyboardModelManager LanguageManager ProcessLauncher "
                     + "RestrictedModeManager SuggestionsManager StringRegistrationManager ThemeManager ObjectFactory",
-        "hmi.shared": "ActionManager AppManager BackManager HardwareButtonManager HmiShared ModuleManager "
-                      + "PagePrintManager",
+        "hmi.shared": "ActionManager AppManager BackManager HardwareButtonManager HmiShared MeasurementUnits ModuleManager "
+                      + "PagePrintManager PhoneNumberUtility",
         "hmi.asr": "HmiAsr",
         "hmi.navigation": "HmiNavigation",
         "hmi.vehicle": "HmiVehicle"

@@ -9,7 +9,11 @@ TestCase {
 
     function test_datesOfJavaScriptAreFormattedAndCounted() {
         const date = new Date(2014, 6, 4, 15, 9);
-        const texts = { Date: "July 4, 2014", DayFull: "Friday", HourMinuteMeridian: "3:09 pm", MonthDayLongYear: "07/04/2014" };
+        const texts = {
+            Date: "July 4, 2014", Day: "Fri", DayFull: "Friday", DayMonthLongYear: "04/07/2014", DayNumber: "4", Hour24: "15",
+            HourAmPm: "3 pm", HourMinute24: "15:09", HourMinuteMeridian: "3:09 pm", LongYearMonthDay: "2014/07/04", Month: "Jul",
+            MonthDayLongYear: "07/04/2014", MonthDayYear: "07/04/14", MonthFull: "July", YearFull: "2014"
+        };
         for (const name in texts)
             compare(HmiShared.formatDateTime(date, HmiShared["format" + name], false, 3600, "en_US"), texts[name]);
         compare(HmiShared.formatDateTime(date, "hh:mm"), HmiShared.formatDateTime(date, "hh:mm", false));

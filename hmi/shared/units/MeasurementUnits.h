@@ -14,10 +14,10 @@ namespace Hmi::Shared {
  * one warning below.
  *
  * A conversion between equal units returns the value untouched, whatever the units are. Every other one goes
- * through a base unit, each step in the order written here, so that all processors compute the same double;
- * a caller compiled with floating-point contraction may merge the last step into its own expression. Units
- * that are invalid or out of range are no error: the value passes as if it were in the base unit. Exceptions
- * are named at the functions.
+ * through a base unit, each step in the order written here, so that all processors compute the same double
+ * (users of the library are compiled without floating-point contraction for that). Units that are invalid or
+ * out of range are no error: the value passes as if it were in the base unit. Exceptions are named at the
+ * functions.
  */
 class Q_DECL_EXPORT MeasurementUnits : public Core::SingletonCppQml<MeasurementUnits>
 {

@@ -21,8 +21,11 @@ static double roundedWithin32Bits(double aNumber)
 static int decimalsOf(double aStep)
 {
     int decimals = 0;
-    for (double magnitude = std::abs(aStep); magnitude < 1.0; magnitude *= 10.0)
+    double magnitude = std::abs(aStep);
+    while (magnitude < 1.0) {
+        magnitude *= 10.0;
         ++decimals;
+    }
     return decimals;
 }
 

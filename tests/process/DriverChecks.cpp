@@ -14,22 +14,16 @@ class Driver : public testing::Test
 protected:
     void SetUp() override
     {
-        const QDir folder(mFolder.path());
-        ASSERT_TRUE(folder.mkpath(QStringLiteral("tests/testData/opt/korvex/etc")));
-        ASSERT_TRUE(
-            folder.mkpath(QStringLiteral("tests/testData/opt/korvex/share/hmi_shared_driver/themes")));
-        const QString data = QStringLiteral(HMI_DRIVER_DATA);
         ASSERT_TRUE(QFile::copy(QStringLiteral(HMI_DRIVER), mDriver));
-        ASSERT_TRUE(QFile::copy(data + QStringLiteral("/etc/hmi_shared_test.ini"), mConfiguration));
-        ASSERT_TRUE(QFile::copy(
-            data + QStringLiteral("/share/hmi_shared_driver/themes/hmi_shared_test_theme_shared.rcc"),
-            mBundle));
+        for (const QString& file : {mConfiguration, mBundle}) {
+            ASSERT_TRUE(QDir().mkpath(QFileInfo(file).path()));
+            ASSERT_TRUE(QFile::copy(QStringLiteral(HMI_DRIVER_DATA) + file.mid(mData.size()), file));
+        }
     }
 
     ChildProcess run(const QString& aFilter = QStringLiteral("EventRing.*")) const
     {
-        return ChildProcess::run(mDriver, {QStringLiteral("--gtest_filter=") + aFilter}, environment(),
-                                 mFolder.path());
+        return ChildProcess::run(mDriver, {QStringLiteral("--gtest_filter=") + aFilter});
     }
 
     static void replace(const QString& aPath, const QByteArray& aContent)
@@ -38,20 +32,12 @@ protected:
         ASSERT_TRUE(file.open(QFile::WriteOnly) && file.write(aContent) == aContent.size());
     }
 
-    static QProcessEnvironment environment()
-    {
-        QProcessEnvironment result = QProcessEnvironment::systemEnvironment();
-        // The runner's own settings for a single check are not the driver's.
-        result.remove(QStringLiteral("GTEST_FILTER"));
-        return result;
-    }
-
     QTemporaryDir mFolder;
     const QString mDriver = mFolder.filePath(QStringLiteral("hmi_shared_driver"));
-    const QString mConfiguration =
-        mFolder.filePath(QStringLiteral("tests/testData/opt/korvex/etc/hmi_shared_test.ini"));
-    const QString mBundle = mFolder.filePath(QStringLiteral(
-        "tests/testData/opt/korvex/share/hmi_shared_driver/themes/hmi_shared_test_theme_shared.rcc"));
+    const QString mData = mFolder.filePath(QStringLiteral("tests/testData/opt/korvex"));
+    const QString mConfiguration = mData + QStringLiteral("/etc/hmi_shared_test.ini");
+    const QString mBundle =
+        mData + QStringLiteral("/share/hmi_shared_driver/themes/hmi_shared_test_theme_shared.rcc");
 };
 
 } // namespace
@@ -78,8 +64,7 @@ TEST_F(Driver, ReturnsTheFailureOfItsChecks)
     // A check that writes files fails where no file may grow.
     const QString command = QStringLiteral("ulimit -f 0; trap '' XFSZ; exec '%1' --gtest_filter=%2")
                                 .arg(mDriver, QStringLiteral("ConfigFile.GivesEachKeyItsText"));
-    const ChildProcess child =
-        ChildProcess::run(QStringLiteral("/bin/sh"), {QStringLiteral("-c"), command}, environment());
+    const ChildProcess child = ChildProcess::run(QStringLiteral("/bin/sh"), {QStringLiteral("-c"), command});
     EXPECT_TRUE(child.ended);
     EXPECT_EQ(child.status, 1);
     EXPECT_TRUE(child.output.contains(QStringLiteral("Component checks: 1 run, 1 failed")));

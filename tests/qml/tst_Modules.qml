@@ -53,18 +53,4 @@ TestCase {
         compare(HmiShared.configs.developerModeEnabled, true);
         compare(HmiShared.configs.scaleViewportToFitWindow, HmiSharedConfigs.ViewportScalingStretch);
     }
-
-    function test_applicationViewModeTellsItsBindings() {
-        spy.clear();
-        HmiCore.applicationViewMode = HmiCore.ApplicationViewModeSplit;
-        HmiCore.applicationViewMode = HmiCore.ApplicationViewModeSplit;
-        compare(spy.count, 1);
-        HmiCore.applicationViewMode = HmiCore.ApplicationViewModeFull;
-    }
-
-    SignalSpy {
-        id: spy
-        target: HmiCore
-        signalName: "applicationViewModeChanged"
-    }
 }

@@ -22,17 +22,14 @@ TestCase {
         second.destroy();
     }
 
-    function test_namesWhatCannotBeCreated_data() {
-        return [
-            { tag: "missing file", source: Qt.resolvedUrl("data/Missing.qml"), warning: /Missing\.qml: .*No such file/ },
-            { tag: "unknown member", source: Qt.resolvedUrl("data/UnknownMember.qml"),
-              warning: /UnknownMember\.qml.*noSuchMember/ },
-            { tag: "nothing", source: null, warning: /it is no component and no URL/ }
-        ];
-    }
-
-    function test_namesWhatCannotBeCreated(row) {
-        ignoreWarning(row.warning);
-        compare(ObjectFactory.create(row.source, checks, {}), null);
+    function test_namesWhatCannotBeCreated() {
+        for (const row of [
+            { source: Qt.resolvedUrl("data/Missing.qml"), warning: /Missing\.qml: .*No such file/ },
+            { source: Qt.resolvedUrl("data/UnknownMember.qml"), warning: /UnknownMember\.qml.*noSuchMember/ },
+            { source: null, warning: /it is no component and no URL/ }
+        ]) {
+            ignoreWarning(row.warning);
+            compare(ObjectFactory.create(row.source, checks, {}), null);
+        }
     }
 }

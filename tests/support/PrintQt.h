@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QSize>
 #include <QString>
 #include <ostream>
 
@@ -8,9 +7,4 @@
 inline void PrintTo(const QString& aText, std::ostream* aStream)
 {
     *aStream << '"' << qPrintable(aText) << '"';
-}
-
-inline void PrintTo(const QSize& aSize, std::ostream* aStream)
-{
-    *aStream << aSize.width() << 'x' << aSize.height();
 }

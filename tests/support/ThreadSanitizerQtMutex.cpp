@@ -1,6 +1,4 @@
-#include <QDeadlineTimer>
 #include <QMutex>
-#include <QWaitCondition>
 #include <dlfcn.h>
 #include <sanitizer/tsan_interface.h>
 
@@ -20,16 +18,6 @@ Function findNext(const char* aSymbol)
     return reinterpret_cast<Function>(dlsym(RTLD_NEXT, aSymbol));
 }
 
-/** The wait gives the mutex away and takes it again. */
-template <class Function, class Time>
-bool waitAnnotated(Function aWait, QWaitCondition* aCondition, QMutex* aMutex, Time aTime)
-{
-    __tsan_release(aMutex);
-    const bool woken = aWait(aCondition, aMutex, aTime);
-    __tsan_acquire(aMutex);
-    return woken;
-}
-
 } // namespace
 
 void QMutex::lock() QT_MUTEX_LOCK_NOEXCEPT
@@ -37,15 +25,6 @@ void QMutex::lock() QT_MUTEX_LOCK_NOEXCEPT
     static const auto sNext = findNext<void (*)(QMutex*)>("_ZN6QMutex4lockEv");
     sNext(this);
     __tsan_acquire(this);
-}
-
-bool QMutex::tryLock(int aTimeout) QT_MUTEX_LOCK_NOEXCEPT
-{
-    static const auto sNext = findNext<bool (*)(QMutex*, int)>("_ZN6QMutex7tryLockEi");
-    const bool locked = sNext(this, aTimeout);
-    if (locked)
-        __tsan_acquire(this);
-    return locked;
 }
 
 void QMutex::unlock() noexcept
@@ -67,18 +46,4 @@ void QBasicMutex::unlockInternal() noexcept
     static const auto sNext = findNext<void (*)(QBasicMutex*)>("_ZN11QBasicMutex14unlockInternalEv");
     __tsan_release(this);
     sNext(this);
-}
-
-bool QWaitCondition::wait(QMutex* aMutex, QDeadlineTimer aDeadline)
-{
-    static const auto sNext = findNext<bool (*)(QWaitCondition*, QMutex*, QDeadlineTimer)>(
-        "_ZN14QWaitCondition4waitEP6QMutex14QDeadlineTimer");
-    return waitAnnotated(sNext, this, aMutex, aDeadline);
-}
-
-bool QWaitCondition::wait(QMutex* aMutex, unsigned long aMilliseconds)
-{
-    static const auto sNext =
-        findNext<bool (*)(QWaitCondition*, QMutex*, unsigned long)>("_ZN14QWaitCondition4waitEP6QMutexm");
-    return waitAnnotated(sNext, this, aMutex, aMilliseconds);
 }

@@ -21,14 +21,9 @@ TEST(EventRing, KeepsTheLatestEventsInOrderWithGrowingTimes)
         EXPECT_EQ(events.at(index).name, QString::number(raised - EventRing::Capacity + index));
         EXPECT_GE(events.at(index).nanoseconds, events.at(qMax(0, index - 1)).nanoseconds);
     }
-}
-
-TEST(EventRing, CutsNamesThatAreTooLong)
-{
-    const auto ring = std::make_unique<EventRing>();
     const QString name(EventRing::MaximumNameLength + 5, QLatin1Char('n'));
     ring->raise(name);
-    EXPECT_EQ(ring->events().constFirst().name, name.left(EventRing::MaximumNameLength));
+    EXPECT_EQ(ring->events().constLast().name, name.left(EventRing::MaximumNameLength)) << "cut";
 }
 
 TEST(EventRingThreads, LosesNothingOfSeveralRaisers)

@@ -1,5 +1,4 @@
 #include <QFile>
-#include <QMetaType>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -39,11 +38,6 @@ TEST(Initialization, RaisesItsMarkersInOrderAndReadsTheConfigurationOncePerProce
                            prefix + QStringLiteral("loadResourcesStart"),
                            prefix + QStringLiteral("loadThemesStart"),
                            prefix + QStringLiteral("loadResourcesEnd")}));
-}
-
-TEST(Initialization, RegistersTheMetaTypeOfTheViewMode)
-{
-    EXPECT_NE(QMetaType::type("Hmi::Core::HmiCoreGlobal::ApplicationViewMode"), QMetaType::UnknownType);
 }
 
 TEST(Initialization, RefusesAQmlFileSingletonWithARelativeUrl)

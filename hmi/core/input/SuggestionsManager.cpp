@@ -42,10 +42,8 @@ bool SuggestionsManager::loadLanguage(const QString& aLanguage)
     if (!language.isEmpty() && language == mLanguage)
         return true;
     WordList words;
-    QString problem;
-    if (language.isEmpty())
-        problem = QStringLiteral("there is no list for this language");
-    if (language.isEmpty() || !words.load(mFiles.filePath(language), problem)) {
+    QString problem = language.isEmpty() ? QStringLiteral("there is no list for this language") : QString();
+    if (!problem.isEmpty() || !words.load(mFiles.filePath(language), problem)) {
         qWarning("The word list %s is not used, \"%s\" stays: %s.", qPrintable(mFiles.filePath(aLanguage)),
                  qPrintable(mLanguage), qPrintable(problem));
         return false;

@@ -12,8 +12,8 @@ static void removeLast(int aDescriptor, qint64 aBytes)
     if (aBytes == 0 || ::fstat(aDescriptor, &file) != 0)
         return;
     // A file that cannot be cut either keeps the half line; there is nothing better to do with it.
-    if (::ftruncate(aDescriptor, file.st_size - aBytes) != 0)
-        errno = 0;
+    const int cut = ::ftruncate(aDescriptor, file.st_size - aBytes);
+    Q_UNUSED(cut)
 }
 
 bool LogFile::create(const QString& aFileName)

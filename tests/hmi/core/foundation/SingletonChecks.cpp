@@ -84,7 +84,7 @@ TEST(Singleton, IsOneObjectUntilItIsDeletedAndThenAFreshOne)
     delete Native::instance();
 }
 
-TEST(Singleton, FirstUsedOffTheMainThreadOrWithoutApplicationEndsTheProcess)
+TEST(SingletonDeathTest, FirstUsedOffTheMainThreadOrWithoutApplicationEndsTheProcess)
 {
     EXPECT_DEATH(std::thread([] { Native::instance(); }).join(), "Singleton must be created on main thread");
     EXPECT_DEATH(
@@ -121,7 +121,7 @@ TEST(Singleton, OfTheQmlKindIsAnotherObjectForEachEngine)
     EXPECT_NE(first, second);
 }
 
-TEST(Singleton, NativelyOwnedOnesDieLastCreatedFirst)
+TEST(SingletonDeathTest, NativelyOwnedOnesDieLastCreatedFirst)
 {
     const auto deleteAll = [](bool aHandOver) {
         Ordered<1>::instance();

@@ -50,6 +50,7 @@ struct LogFiles : testing::Test
 
 using LogFilesDeathTest = LogFiles;
 using LogMessageHandlerThreads = LogFiles;
+using LogMessageHandlerThreadsDeathTest = LogFiles;
 
 bool start() { return LogMessageHandler::instance()->startFileLogging(); }
 
@@ -217,7 +218,7 @@ TEST_F(LogMessageHandlerThreads, LoseNoLineWhileFileLoggingStartsAndEnds)
     EXPECT_EQ(written + sPassedOn, Threads * LinesEach);
 }
 
-TEST_F(LogMessageHandlerThreads, MayStillLogWhileTheProcessExits)
+TEST_F(LogMessageHandlerThreadsDeathTest, MayStillLogWhileTheProcessExits)
 {
     const auto run = [] {
         start();

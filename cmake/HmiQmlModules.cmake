@@ -10,8 +10,13 @@ if(HMI_SANITIZER MATCHES "address")
     execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=libasan.so
         OUTPUT_VARIABLE HMI_ASAN_RUNTIME OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
     # Qt's engine and tools keep memory until exit; leaks are looked for in the component checks.
-    list(APPEND HMI_QML_TOOL_ENVIRONMENT LD_PRELOAD=${HMI_ASAN_RUNTIME} ASAN_OPTIONS=detect_leaks=0)
+    list(APPEND HMI_QML_TOOL_ENVIRONMENT LD_PRELOAD=${HMI_ASAN_RUNTIME} ASAN_OPTIONS=detect_leaks=0:quarantine_size_mb=1)
 endif()
+
+# Every optional type is described; what the library stores meanwhile goes beside the modules.
+set(HMI_DESCRIPTION_CONFIG ${HMI_QML_DIRECTORY}/description.ini)
+file(CONFIGURE OUTPUT ${HMI_DESCRIPTION_CONFIG} CONTENT "[HmiShared]\nDataManagerEnabled=true\nDataManagerConfigPath=DataManagerConf.ini\n")
+file(CONFIGURE OUTPUT ${HMI_QML_DIRECTORY}/DataManagerConf.ini CONTENT "[Storage]\nPath=description.db\n")
 
 get_target_property(HMI_MOC_PATH Qt5::moc IMPORTED_LOCATION)
 get_filename_component(HMI_QT_TOOLS ${HMI_MOC_PATH} DIRECTORY)
@@ -36,7 +41,7 @@ typeinfo plugins.qmltypes
     # ThreadSanitizer's runtime cannot be loaded into the tools, and its checks use no QML.
     if(NOT HMI_SANITIZER MATCHES "thread")
         add_custom_command(TARGET ${target} POST_BUILD
-            COMMAND ${CMAKE_COMMAND} -E env ${HMI_QML_TOOL_ENVIRONMENT} HMI_CONFIG=${PROJECT_SOURCE_DIR}/tests/testData/opt/korvex/etc/hmi_shared_test.ini
+            COMMAND ${CMAKE_COMMAND} -E env ${HMI_QML_TOOL_ENVIRONMENT} HMI_CONFIG=${HMI_DESCRIPTION_CONFIG}
                 ${HMI_QT_TOOLS}/qmlplugindump -nonrelocatable -noinstantiate -output ${directory}/plugins.qmltypes
                 ${uri} ${HMI_QML_VERSION} ${HMI_QML_DIRECTORY}
             COMMENT "Describing the types of ${uri}" VERBATIM)

@@ -15,7 +15,7 @@ protected:
     void SetUp() override
     {
         ASSERT_TRUE(QFile::copy(QStringLiteral(HMI_DRIVER), mDriver));
-        for (const QString& file : {mConfiguration, mBundle}) {
+        for (const QString& file : {mConfiguration, mStoreConfiguration, mBundle}) {
             ASSERT_TRUE(QDir().mkpath(QFileInfo(file).path()));
             ASSERT_TRUE(QFile::copy(QStringLiteral(HMI_DRIVER_DATA) + file.mid(mData.size()), file));
         }
@@ -36,6 +36,7 @@ protected:
     const QString mDriver = mFolder.filePath(QStringLiteral("hmi_shared_driver"));
     const QString mData = mFolder.filePath(QStringLiteral("tests/testData/opt/korvex"));
     const QString mConfiguration = mData + QStringLiteral("/etc/hmi_shared_test.ini");
+    const QString mStoreConfiguration = mData + QStringLiteral("/etc/DataManagerConf.ini");
     const QString mBundle =
         mData + QStringLiteral("/share/hmi_shared_driver/themes/hmi_shared_test_theme_shared.rcc");
 };

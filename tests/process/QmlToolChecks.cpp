@@ -3,9 +3,12 @@
 #include <QDir>
 #include <QFile>
 #include <QImage>
+#include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
+#include <tests/support/FilesAndWaits.h>
+#include <tests/support/PrivateBus.h>
 
 namespace {
 
@@ -19,8 +22,7 @@ protected:
         return file.fileName();
     }
 
-    ChildProcess run(const char* aTool, const QStringList& aArguments,
-                     const QString& aConfig = QString()) const
+    static QProcessEnvironment environmentWith(const QString& aConfig)
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         for (const QString& entry : QStringLiteral(HMI_QML_TOOL_ENVIRONMENT).split(QLatin1Char('|')))
@@ -28,8 +30,24 @@ protected:
         environment.remove(QStringLiteral("HMI_CONFIG"));
         if (!aConfig.isEmpty())
             environment.insert(QStringLiteral("HMI_CONFIG"), aConfig);
+        return environment;
+    }
+
+    ChildProcess run(const char* aTool, const QStringList& aArguments,
+                     const QString& aConfig = QString()) const
+    {
         return ChildProcess::run(QStringLiteral(HMI_QT_TOOLS "/") + QLatin1String(aTool), aArguments,
-                                 environment, mFolder.path());
+                                 environmentWith(aConfig), mFolder.path());
+    }
+
+    /** The configuration of a host with user data, in the check's folder. */
+    QString configureStore() const
+    {
+        HmiTest::writeFile(mFolder, "DataManagerConf.ini", "[Storage]\n");
+        HmiTest::writeFile(
+            mFolder, "host.ini",
+            "[HmiShared]\nDataManagerEnabled=true\nDataManagerConfigPath=DataManagerConf.ini\n");
+        return mFolder.filePath(QStringLiteral("host.ini"));
     }
 
     QTemporaryDir mFolder;
@@ -74,6 +92,51 @@ TEST_F(QmlTool, WithoutAConfigurationNamesTheFileThatItLookedFor)
         QStringLiteral("The config file, .+\\.ini, could not be loaded because it does not exist\\."))));
 }
 
+TEST_F(QmlTool, HasDefaultSettingsButNoDataManagerWhereThatIsNotEnabled)
+{
+    const ChildProcess child = run(
+        "qml", {write(screen(
+                   "import hmi.shared 1.0\n",
+                   "typeof DataManager, SettingsManager.timeFormat.value, SettingsManager.version.value"))});
+    EXPECT_TRUE(child.output.contains(QStringLiteral("undefined h:mm ap 3"))) << qPrintable(child.output);
+}
+
+TEST_F(QmlTool, ShowsAtOnceWhatAnotherProcessSet)
+{
+    ASSERT_TRUE(HmiTest::PrivateBus::start());
+    const QString config = configureStore();
+    QProcess shown;
+    shown.setProcessEnvironment(environmentWith(config));
+    shown.setProcessChannelMode(QProcess::MergedChannels);
+    shown.start(
+        QStringLiteral(HMI_QT_TOOLS "/qml"),
+        {write("import QtQuick 2.15\nimport hmi.shared 1.0\n"
+               "Text { text: SettingsManager.timeFormat.value + ' of ' + DataManager.activeUserProfile\n"
+               "  onTextChanged: console.log('shown', text) }\n")});
+    QByteArray output;
+    const auto waitFor = [&](const QByteArray& aText) {
+        while (!output.contains(aText) && shown.waitForReadyRead(20000))
+            output += shown.readAll();
+        return output.contains(aText);
+    };
+    EXPECT_TRUE(waitFor("shown h:mm ap of driver\n")) << output.constData();
+    const auto set = [&](const QByteArray& aStatement) {
+        QFile file(mFolder.filePath(QStringLiteral("Other.qml")));
+        EXPECT_TRUE(file.open(QFile::WriteOnly) &&
+                    file.write(screen("import hmi.shared 1.0\n", aStatement)) > 0);
+        file.close();
+        const ChildProcess other = run("qml", {file.fileName()}, config);
+        EXPECT_EQ(other.status, 0) << qPrintable(other.output);
+    };
+    set("SettingsManager.timeFormat.value = 'HH:mm'");
+    EXPECT_TRUE(waitFor("shown HH:mm of driver\n")) << output.constData();
+    set("DataManager.addNewUserProfile('Anna').error, DataManager.activeUserProfile = 'Anna'");
+    EXPECT_TRUE(waitFor("shown h:mm ap of Anna\n")) << output.constData();
+    EXPECT_EQ(output.count("shown HH:mm of driver"), 1);
+    shown.kill();
+    shown.waitForFinished();
+}
+
 TEST_F(QmlTool, NamesFileAndLineOfAnUnknownMember)
 {
     const ChildProcess assigned = run("qml", {write("import QtQuick 2.15\nimport Hmi.Core 1.0\n"
@@ -111,6 +174,7 @@ TEST_F(QmlTool, FindsADescriptionOfEveryTypeForEditors)
         {"Hmi/Core", "Hmi.Core/LanguageManager 1.0"},
         {"Hmi/Core", "Hmi.Core/HandleDefaultsResource 1.0"},
         {"hmi/shared", "hmi.shared/ActionManager 1.0"},
+        {"hmi/shared", "hmi.shared/DataManager 1.0"},
         {"hmi/shared", "hmi.shared/HmiSharedConfigs 1.0"},
         {"hmi/vehicle", "hmi.vehicle/HmiVehicle 1.0"}};
     for (const auto& [folder, type] : described) {

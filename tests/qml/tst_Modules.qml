@@ -13,8 +13,8 @@ TestCase {
     readonly property var singletons: ({
         "Hmi.Core": "HighlightManager HmiCore KeyboardModelManager LanguageManager ProcessLauncher "
                     + "RestrictedModeManager SuggestionsManager StringRegistrationManager ThemeManager ObjectFactory",
-        "hmi.shared": "ActionManager AppManager BackManager HardwareButtonManager HmiShared MeasurementUnits ModuleManager "
-                      + "PagePrintManager PhoneNumberUtility",
+        "hmi.shared": "ActionManager AppManager BackManager DataManager HardwareButtonManager HmiShared MeasurementUnits "
+                      + "ModuleManager PagePrintManager PhoneNumberUtility SettingsManager",
         "hmi.asr": "HmiAsr",
         "hmi.navigation": "HmiNavigation",
         "hmi.vehicle": "HmiVehicle"
@@ -32,7 +32,8 @@ TestCase {
 
     function test_recordsAndFacadesCannotBeCreated() {
         for (const [module, name] of [["Hmi.Core", "HmiCoreConfigs"], ["Hmi.Core", "RestrictedModePolicy"],
-                                      ["hmi.shared", "HmiSharedConfigs"]]) {
+                                      ["hmi.shared", "HmiSharedConfigs"], ["hmi.shared", "Setting"],
+                                      ["hmi.shared", "EnvironmentManager"], ["hmi.shared", "DataManagerReturnTypeQml"]]) {
             let message = "";
             try {
                 Qt.createQmlObject(`import ${module} 1.0; ${name} {}`, this);
@@ -48,7 +49,7 @@ TestCase {
         compare(Qt.styleHints.startDragDistance, 10);
         compare(HmiCore.configs.getPrimaryDisplayResolution().length, 2);
         compare(HmiCore.configs.getPrimaryDisplayResolution()[1].width, 1024);
-        verify(HmiCore.configs.getThemesPath().endsWith("/tests/qml/themes"));
+        verify(HmiCore.configs.getThemesPath().endsWith("/tests/qml/tst_Modules/themes"));
         compare(HmiShared.configs.diagnosticModeEnabled, false);
         compare(HmiShared.configs.developerModeEnabled, true);
         compare(HmiShared.configs.scaleViewportToFitWindow, HmiSharedConfigs.ViewportScalingStretch);

@@ -1,9 +1,11 @@
 #include <hmi/core/foundation/Initialization.h>
 
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QFont>
 #include <QGuiApplication>
 #include <QQuickWindow>
+#include <QSettings>
 #include <QStyleHints>
 
 #include <hmi/core/foundation/ConfigManager.h>
@@ -18,6 +20,8 @@ static void cleanUpResourceCollection() { Q_CLEANUP_RESOURCE(hmi_core); }
 
 namespace Hmi::Core {
 
+static constexpr char sConfigVariable[] = "HMI_CONFIG";
+
 static bool sConfigurationLoaded = false;
 static bool sInitialized = false;
 
@@ -27,14 +31,15 @@ static void raiseEvent(PerfEventPolicyBase* aPolicy, const QString& aMarker)
         aPolicy->raiseEvent(QStringLiteral("Hmi/Core/") + aMarker);
 }
 
+static QString defaultConfigPath() { return QCoreApplication::applicationName() + QStringLiteral(".ini"); }
+
 static void loadConfiguration(PerfEventPolicyBase* aPolicy, const QString& aPath,
                               const QHash<QString, QString>& aOverrides)
 {
     if (sConfigurationLoaded)
         return;
     raiseEvent(aPolicy, QStringLiteral("loadConfigStart"));
-    const QString path =
-        aPath.isEmpty() ? QCoreApplication::applicationName() + QStringLiteral(".ini") : aPath;
+    const QString path = aPath.isEmpty() ? defaultConfigPath() : aPath;
     if (!aOverrides.isEmpty())
         ConfigManager::instance()->setPlaceholders(aOverrides);
     ConfigManager::instance()->load(path);
@@ -88,7 +93,15 @@ void initialize(const QSharedPointer<PerfEventPolicyBase>& aPerfEventPolicy, con
 void initializePluginHost()
 {
     if (!sInitialized)
-        bringUp(nullptr, qEnvironmentVariable("HMI_CONFIG"), {});
+        bringUp(nullptr, qEnvironmentVariable(sConfigVariable), {});
+}
+
+bool readPluginHostSwitch(const QString& aKey)
+{
+    const QString named = qEnvironmentVariable(sConfigVariable);
+    const QFileInfo file(named.isEmpty() ? defaultConfigPath() : named);
+    return file.isFile() && file.size() <= ConfigManager::MaximumFileSize &&
+           QSettings(file.filePath(), QSettings::IniFormat).value(aKey).toBool();
 }
 
 } // namespace Hmi::Core

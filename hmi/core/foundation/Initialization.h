@@ -37,4 +37,10 @@ Q_DECL_EXPORT void initialize(const QSharedPointer<PerfEventPolicyBase>& aPerfEv
  */
 Q_DECL_EXPORT void initializePluginHost();
 
+/**
+ * A switch of the file that initializePluginHost() will load; false when the file or key is not there. For
+ * plugins, which have to know it before that. Any thread.
+ */
+Q_DECL_EXPORT bool readPluginHostSwitch(const QString& aKey);
+
 } // namespace Hmi::Core

@@ -55,6 +55,8 @@ HmiSharedConfigs::HmiSharedConfigs(Core::ConfigManager& aConfig) : Core::ConfigF
     addValue(Key::VoicesPath, QStringLiteral("C:/Projects/R7_Voices/voices"));
 }
 
+QString HmiSharedConfigs::getDataManagerConfigPath() const { return path(Key::DataManagerConfigPath); }
+
 bool HmiSharedConfigs::getDataManagerEnabled() const { return flag(Key::DataManagerEnabled); }
 
 bool HmiSharedConfigs::getDeveloperModeEnabled() const { return flag(Key::DeveloperModeEnabled); }

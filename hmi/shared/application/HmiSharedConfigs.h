@@ -51,6 +51,8 @@ public:
     Q_INVOKABLE QString getVoiceServiceManagerConfig() const;
     Q_INVOKABLE QString getVoicesPath() const;
 
+    QString getDataManagerConfigPath() const;
+
 private:
     HmiSharedConfigs();
 };

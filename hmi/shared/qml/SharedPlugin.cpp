@@ -11,9 +11,17 @@ class SharedPlugin : public QQmlExtensionPlugin
 
 public:
     // May run on the type loader's thread.
-    void registerTypes(const char*) override { Hmi::Shared::registerSharedModule(); }
+    void registerTypes(const char*) override
+    {
+        Hmi::Shared::registerSharedModule(
+            Hmi::Core::readPluginHostSwitch(QStringLiteral("HmiShared/DataManagerEnabled")));
+    }
 
-    void initializeEngine(QQmlEngine*, const char*) override { Hmi::Core::initializePluginHost(); }
+    void initializeEngine(QQmlEngine*, const char*) override
+    {
+        Hmi::Core::initializePluginHost();
+        Hmi::Shared::startPluginHost();
+    }
 };
 
 #include "SharedPlugin.moc"

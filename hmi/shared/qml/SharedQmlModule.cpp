@@ -14,6 +14,12 @@
 #include <hmi/shared/application/modules/HmiVehicle.h>
 #include <hmi/shared/application/modules/ModuleManager.h>
 #include <hmi/shared/application/modules/PagePrintManager.h>
+#include <hmi/shared/services/EnvironmentManager.h>
+#include <hmi/shared/settings/DataManagerReturnTypeQml.h>
+#include <hmi/shared/settings/DataManagerWrapper.h>
+#include <hmi/shared/settings/Setting.h>
+#include <hmi/shared/settings/SettingLocale.h>
+#include <hmi/shared/settings/SettingsManager.h>
 #include <hmi/shared/units/DateTime.h>
 #include <hmi/shared/units/Distance.h>
 #include <hmi/shared/units/MeasurementBase.h>
@@ -38,18 +44,21 @@ void registerResources() { initializeResourceCollection(); }
 
 void unregisterResources() { cleanUpResourceCollection(); }
 
-void registerSharedModule()
+void registerSharedModule(bool aDataManagerEnabled)
 {
     const char* uri = "hmi.shared";
     registerQmlSingleton<ActionManager>(uri, "ActionManager");
     registerQmlSingleton<AppManager>(uri, "AppManager");
     registerQmlFileSingleton(QUrl(QStringLiteral("qrc:///hmi/shared/BackManager.qml")), uri, "BackManager");
+    if (aDataManagerEnabled)
+        registerQmlSingleton<DataManagerWrapper>(uri, "DataManager");
     registerQmlSingleton<HardwareButtonManager>(uri, "HardwareButtonManager");
     registerQmlSingleton<HmiSharedGlobal>(uri, "HmiShared");
     registerQmlSingleton<MeasurementUnits>(uri, "MeasurementUnits");
     registerQmlSingleton<ModuleManager>(uri, "ModuleManager");
     registerQmlSingleton<PagePrintManager>(uri, "PagePrintManager");
     registerQmlSingleton<PhoneNumberUtility>(uri, "PhoneNumberUtility");
+    registerQmlSingleton<SettingsManager>(uri, "SettingsManager");
 
     registerQmlType<DateTime>(uri, "DateTime");
     registerQmlType<Distance>(uri, "Distance");
@@ -58,7 +67,11 @@ void registerSharedModule()
     registerQmlType<Speed>(uri, "Speed");
     registerQmlType<TimeDuration>(uri, "TimeDuration");
 
+    registerQmlUncreatableType<DataManagerReturnTypeQml>(uri, "DataManagerReturnTypeQml");
+    registerQmlUncreatableType<EnvironmentManager>(uri, "EnvironmentManager");
     registerQmlUncreatableType<HmiSharedConfigs>(uri, "HmiSharedConfigs");
+    registerQmlUncreatableType<Setting>(uri, "Setting");
+    registerQmlUncreatableType<SettingLocale>(uri, "SettingLocale");
 }
 
 void registerAsrModule() { registerQmlSingleton<HmiAsr>("hmi.asr", "HmiAsr"); }
@@ -74,7 +87,7 @@ void registerVehicleModule() { registerQmlSingleton<HmiVehicle>("hmi.vehicle", "
 
 static bool registerAllModules()
 {
-    registerSharedModule();
+    registerSharedModule(HmiSharedConfigs::instance()->getDataManagerEnabled());
     registerAsrModule();
     registerNavigationModule();
     registerGuidanceModule();
@@ -86,6 +99,13 @@ void registerQmlModules()
 {
     static const bool registered = registerAllModules();
     Q_UNUSED(registered)
+}
+
+void startPluginHost()
+{
+    HmiSharedGlobal* const global = HmiSharedGlobal::instance();
+    global->getEnvironmentManager()->completeStartup();
+    global->startUp();
 }
 
 } // namespace Hmi::Shared

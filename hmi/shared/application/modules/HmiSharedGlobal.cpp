@@ -1,23 +1,59 @@
 #include <hmi/shared/application/modules/HmiSharedGlobal.h>
 
+#include <QDir>
 #include <QMetaObject>
 #include <QMetaType>
 #include <QQmlEngine>
 
+#include <hmi/core/foundation/PerfEventPolicyBase.h>
 #include <hmi/core/language/LanguageManager.h>
 #include <hmi/shared/application/modules/PagePrintManager.h>
+#include <hmi/shared/settings/DataManagerWrapper.h>
+#include <hmi/shared/settings/SettingsFile.h>
+#include <hmi/shared/settings/SettingsManager.h>
 
 namespace Hmi::Shared {
 
 HmiSharedGlobal::HmiSharedGlobal(QQmlEngine*, QJSEngine*)
 {
     QQmlEngine::setObjectOwnership(getConfigs(), QQmlEngine::CppOwnership);
+    QQmlEngine::setObjectOwnership(&mEnvironmentManager, QQmlEngine::CppOwnership);
     // QML calls no function whose result it does not know.
     qRegisterMetaType<QLocale::Language>();
     mCollator.setNumericMode(true);
 }
 
+void HmiSharedGlobal::startUp(const QHash<QString, QString>& aDataManagerParameters)
+{
+    DataManagerWrapper::instance()->initialize(aDataManagerParameters);
+    SettingsManager::addSharedSettings();
+}
+
+void HmiSharedGlobal::startUpAsync(const QHash<QString, QString>& aDataManagerParameters)
+{
+    DataManagerWrapper::instance()->startupAsync(aDataManagerParameters);
+}
+
+void HmiSharedGlobal::shutDown(Core::PerfEventPolicyBase* aPerfEventPolicy)
+{
+    if (aPerfEventPolicy)
+        aPerfEventPolicy->raiseEvent(QStringLiteral("DataManagerDeInitStart"));
+    DataManagerWrapper::instance()->shutdown();
+    if (aPerfEventPolicy)
+        aPerfEventPolicy->raiseEvent(QStringLiteral("DataManagerDeInitEnd"));
+}
+
 QString HmiSharedGlobal::getSettingsFileName() const { return QStringLiteral("krvx_settings.json"); }
+
+bool HmiSharedGlobal::exportSettings(const QString& aFolder)
+{
+    return SettingsFile::save(QDir(aFolder).filePath(getSettingsFileName()));
+}
+
+bool HmiSharedGlobal::importSettings(const QString& aFolder)
+{
+    return SettingsFile::load(QDir(aFolder).filePath(getSettingsFileName()));
+}
 
 int HmiSharedGlobal::localeAwareCompare(const QString& aFirst, const QString& aSecond)
 {

@@ -3,12 +3,18 @@
 #include <QCollator>
 #include <QDate>
 #include <QDateTime>
+#include <QHash>
 #include <QLocale>
 #include <QString>
 
 #include <hmi/core/foundation/SingletonCppQml.h>
 #include <hmi/shared/application/HmiSharedConfigs.h>
+#include <hmi/shared/services/EnvironmentManager.h>
 #include <hmi/shared/units/DateTimeFormat.h>
+
+namespace Hmi::Core {
+class PerfEventPolicyBase;
+}
 
 namespace Hmi::Shared {
 
@@ -21,6 +27,7 @@ class Q_DECL_EXPORT HmiSharedGlobal : public Core::SingletonCppQml<HmiSharedGlob
 {
     Q_OBJECT
     Q_PROPERTY(Hmi::Shared::HmiSharedConfigs* configs READ getConfigs CONSTANT)
+    Q_PROPERTY(Hmi::Shared::EnvironmentManager* environmentManager READ getEnvironmentManager CONSTANT)
     Q_PROPERTY(QString settingsFileName READ getSettingsFileName CONSTANT)
     Q_PROPERTY(bool dataManagerEnabled READ getDataManagerEnabled CONSTANT)
     Q_PROPERTY(bool signalServiceEnabled READ getSignalServiceEnabled CONSTANT)
@@ -50,8 +57,24 @@ class Q_DECL_EXPORT HmiSharedGlobal : public Core::SingletonCppQml<HmiSharedGlob
     friend class Core::SingletonCppQml<HmiSharedGlobal>;
 
 public:
+    /**
+     * The library's start-up, after the core's: starts the data manager, at once or when the environment manager
+     * ends its delay (the parameters stand above its configuration file), and publishes the shared settings.
+     */
+    void startUp(const QHash<QString, QString>& aDataManagerParameters = {});
+    /** Begins to start the data manager on another thread, which startUp() completes. */
+    void startUpAsync(const QHash<QString, QString>& aDataManagerParameters = {});
+    /**
+     * Stops the data manager; every setting is on the medium then. The policy, which may be null, is told
+     * "DataManagerDeInitStart" and "DataManagerDeInitEnd".
+     */
+    void shutDown(Core::PerfEventPolicyBase* aPerfEventPolicy);
+
     /** Stays natively owned: no QML engine deletes it. */
     HmiSharedConfigs* getConfigs() const { return HmiSharedConfigs::instance(); }
+
+    /** The one environment manager; it goes with this object. */
+    EnvironmentManager* getEnvironmentManager() { return &mEnvironmentManager; }
 
     /** The file of exported settings, without its folder. */
     QString getSettingsFileName() const;
@@ -60,6 +83,15 @@ public:
     bool getSignalServiceEnabled() const { return getConfigs()->getSignalServiceEnabled(); }
     bool getSystemUpdateEnabled() const { return getConfigs()->getSystemUpdateEnabled(); }
     bool getVoiceManagerEnabled() const { return getConfigs()->getVoiceManagerEnabled(); }
+
+    /** Writes the exportable settings to their file in the folder, whole or not at all. */
+    Q_INVOKABLE bool exportSettings(const QString& aFolder);
+
+    /**
+     * Sets what that file of the folder holds, as SettingsManager::setValuesFromJson() does. A file that is
+     * missing, too large or damaged changes nothing.
+     */
+    Q_INVOKABLE bool importSettings(const QString& aFolder);
 
     /**
      * The order of two texts for a reader of the default locale, numbers within them by value: below, above
@@ -102,6 +134,7 @@ private:
 
     const QLocale& findLocale(const QString& aLanguage);
 
+    EnvironmentManager mEnvironmentManager;
     QCollator mCollator;
     QLocale mLocale;               ///< of mLocaleLanguage
     QString mLocaleLanguage;       ///< empty: the system's

@@ -5,6 +5,7 @@ import os
 import statistics
 import subprocess
 import sys
+import tempfile
 import time
 
 # row, ours, peer, the most that the ratio may be (None: for the record)
@@ -24,46 +25,142 @@ RATIOS = [
     ("phone number format / libphonenumber", "PhoneNumberFormat", "LibphonenumberFormat", 0.05),
     ("phone number format / bare match of the pattern", "PhoneNumberFormat", "BareNumberMatch", None),
 ]
+# The same of the settings store.
+SETTINGS_RATIOS = [
+    ("Setting write, normal / raw SQLite", "write/SettingNormal", "write/SqliteNormal", 1.3),
+    ("the same, mean instead of median", "write/SettingNormal/mean", "write/SqliteNormal/mean", None),
+    ("Setting write, full / raw SQLite", "full/Setting", "full/Sqlite", 1.1),
+    ("Setting write, full / QSettings with sync()", "full/Setting", "full/QSettings", 0.2),
+    ("Setting write, full / KConfig with sync()", "full/Setting", "full/KConfig", 0.2),
+    ("Setting write, full / dconf with g_settings_sync()", "full/Setting", "full/DConf", 0.2),
+    ("Setting write, full: 2000 settings / 200", "write/ManySettingsFull", "write/SettingFull", 1.1),
+    ("20 settings in a batch, normal / raw transaction", "batch/DataManagerNormal", "batch/SqliteNormal", 1.2),
+    ("20 settings in a batch, full / raw transaction", "batch/DataManagerFull", "batch/SqliteFull", 1.2),
+    ("Setting read / QVariant member by a function", "SettingRead", "PlainMemberRead", 3),
+    ("start-up, 2000 settings / raw SQLite into a QHash", "read/DataManager", "read/Sqlite", 1.3),
+    ("start-up, 2000 settings / QSettings", "read/DataManager", "read/QSettings", None),
+    ("start-up, 2000 settings / KConfig", "read/DataManager", "read/KConfig", None),
+    ("start-up, 2000 settings / dconf", "read/DataManager", "read/DConf", None),
+    ("change to a binding of another process / dconf", "change/DataManager", "change/DConf", None),
+]
+CHANGE_LIMIT = 1e6  # nanoseconds
+GROWTH_LIMIT = 1024  # kilobytes
+LOG_FILE_LIMIT = 32 * 1024  # kilobytes
+STORES = ("DataManager", "Sqlite", "QSettings", "KConfig", "DConf")
+MANY_SETTINGS = 2000
+WRITES = 100000
+CHANGES = 200
 LOG_LINE_LIMIT = 3000  # nanoseconds
 HOST_TIME_LIMIT = 2.0  # milliseconds
 HOST_MEMORY_LIMIT = 400  # kilobytes
 HOST_RUNS = 31
 
 
-def medians(build):
-    output = subprocess.run(
-        [f"{build}/benchmarks/hmi_benchmarks", "--benchmark_format=json", "--benchmark_repetitions=9",
+def run(command, environment=None):
+    done = subprocess.run(command, env=environment, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+    if done.returncode:
+        sys.exit(f"{command} failed:\n{done.stderr.decode()}")
+    return done.stdout
+
+
+def medians(command, environment=None):
+    output = run(
+        [*command, "--benchmark_format=json", "--benchmark_repetitions=9",
          "--benchmark_min_time=0.1", "--benchmark_enable_random_interleaving=true",
          "--benchmark_report_aggregates_only=true"],
-        check=True, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL).stdout
-    return {row["run_name"].split("/")[0]: row["real_time"] for row in json.loads(output)["benchmarks"]
-            if row["aggregate_name"] == "median"}
+        environment)
+    times = {}
+    for row in json.loads(output)["benchmarks"]:
+        if row["aggregate_name"] != "median":
+            continue
+        name = row["run_name"].removesuffix("/manual_time")
+        times[name] = row.get("nanoseconds", row["real_time"])
+        times[f"{name}/mean"] = row["real_time"]
+        times.update((key, row[key]) for key in row if key.startswith("full/"))
+    return times
 
 
 def host(build, name):
     environment = dict(os.environ, QT_QPA_PLATFORM="offscreen")
     configuration = f"{build}/driver/tests/testData/opt/korvex/etc/hmi_shared_test.ini"
     start = time.monotonic_ns()
-    output = subprocess.run([f"{build}/benchmarks/{name}", configuration], check=True, env=environment,
-                            stdout=subprocess.PIPE, stderr=subprocess.DEVNULL).stdout
+    output = run([f"{build}/benchmarks/{name}", configuration], environment)
     ready, memory = output.split()
     return (int(ready) - start) / 1e6, int(memory)
 
 
-def verdict(value, limit):
+class Session:
+    """A session and system bus of its own, with its home on the disk of the build folder."""
+
+    BUS = ["dbus-run-session", "--", "sh", "-c", 'DBUS_SYSTEM_BUS_ADDRESS=$DBUS_SESSION_BUS_ADDRESS exec "$@"', "sh"]
+
+    def __init__(self, build):
+        self.program = f"{build}/benchmarks/hmi_settings_"
+        self.temporary = tempfile.TemporaryDirectory(dir=build, ignore_cleanup_errors=True)
+        self.folder = self.temporary.name
+        self.environment = dict(os.environ, QT_QPA_PLATFORM="offscreen", GSETTINGS_BACKEND="dconf", XDG_CONFIG_HOME=f"{self.folder}/config", **dict.fromkeys(
+            ("TMPDIR", "XDG_RUNTIME_DIR", "GSETTINGS_SCHEMA_DIR"), self.folder))
+        with open(f"{self.folder}/hmi.benchmark.gschema.xml", "w") as schema:
+            keys = "".join(f'<key name="setting{key}" type="i"><default>-1</default></key>'
+                           for key in range(MANY_SETTINGS))
+            schema.write(f'<schemalist><schema id="hmi.benchmark" path="/hmi/benchmark/">{keys}</schema></schemalist>')
+        subprocess.run(["glib-compile-schemas", self.folder], check=True)
+
+    def medians(self):
+        return medians([*self.BUS, self.program + "benchmarks"], self.environment)
+
+    def probe(self, command, store, count):
+        output = run([*self.BUS, self.program + "probe", command, store, self.folder, str(count)], self.environment)
+        return [int(word) for word in output.split()]
+
+
+def settings_times(build):
+    times = Session(build).medians()
+    session = Session(build)
+    for store in ("DataManager", "DConf"):
+        times[f"change/{store}"], = session.probe("change", store, CHANGES)
+    runs = {store: [] for store in STORES}
+    for store in STORES:
+        session.probe("fill", store, MANY_SETTINGS)
+    for _ in range(HOST_RUNS):
+        for store in STORES:
+            runs[store] += session.probe("read", store, MANY_SETTINGS)
+    times.update((f"read/{store}", statistics.median(runs[store])) for store in STORES)
+    return times
+
+
+def print_ratios(times, ratios):
+    for label, ours, peer, limit in ratios:
+        ratio = times[ours] / times[peer]
+        print(f"{label:52} {times[ours]:9.1f} ns {times[peer]:9.1f} ns {ratio:7.2f}  {verdict(ratio, limit)}")
+
+
+def print_single(label, value, unit, limit):
+    print(f"{label:52} {value:9.1f} {unit} {'':12} {'':7}  {verdict(value, limit, unit)}")
+
+
+def print_settings(build):
+    times = settings_times(build)
+    print_ratios(times, SETTINGS_RATIOS)
+    print_single("change to a binding of another process", times["change/DataManager"], "ns", CHANGE_LIMIT)
+    growth, log = Session(build).probe("grow", "DataManager", WRITES)
+    print_single(f"{WRITES} Setting writes: private memory added", growth, "kB", GROWTH_LIMIT)
+    print_single(f"{WRITES} Setting writes: greatest log", log / 1024, "kB", LOG_FILE_LIMIT)
+
+
+def verdict(value, limit, unit=""):
     if limit is None:
         return "for the record"
-    return f"limit {limit:g}" + ("" if value <= limit else "  MISSED")
+    return f"limit {limit:g} {unit}".rstrip() + ("" if value <= limit else "  MISSED")
 
 
 def main():
     build = sys.argv[1]
-    times = medians(build)
+    times = medians([f"{build}/benchmarks/hmi_benchmarks"])
     print(f"{'measured':52} {'ours':>12} {'peer':>12} {'ratio':>7}")
-    for label, ours, peer, limit in RATIOS:
-        ratio = times[ours] / times[peer]
-        print(f"{label:52} {times[ours]:9.1f} ns {times[peer]:9.1f} ns {ratio:7.2f}  {verdict(ratio, limit)}")
-    print(f"{'log line to file':52} {times['LogLine']:9.1f} ns {'':12} {'':7}  {verdict(times['LogLine'], LOG_LINE_LIMIT)} ns")
+    print_ratios(times, RATIOS)
+    print_single("log line to file", times["LogLine"], "ns", LOG_LINE_LIMIT)
+    print_settings(build)
 
     empty, core = [], []
     for _ in range(HOST_RUNS):
@@ -76,7 +173,7 @@ def main():
         peer = statistics.median(run[index] for run in empty)
         # Of neighbouring runs, which the machine's other work slows alike.
         added = statistics.median(mine[index] - other[index] for mine, other in zip(core, empty))
-        print(f"{label:52} {ours:9.1f} {unit} {peer:9.1f} {unit} {added:+7.2f}  {verdict(added, limit)} {unit}")
+        print(f"{label:52} {ours:9.1f} {unit} {peer:9.1f} {unit} {added:+7.2f}  {verdict(added, limit, unit)}")
 
 
 main()

@@ -62,7 +62,6 @@ void SettingStore::open()
     QString why;
     const OpeningOutcome outcome = openStore(mConfiguration, mPatience > 0, mFile, content, why);
     mSinceAttempt.start();
-    mContentIsKnown = content.isKnown;
     takeContent(std::move(content));
     if (outcome == OpeningOutcome::Unavailable)
         return reportOutage(why);
@@ -100,11 +99,9 @@ int SettingStore::waitForLock(int aTimes)
     return 1;
 }
 
-/** What is pending is newer than what the file has. */
 void SettingStore::takeContent(StoreContent&& aContent)
 {
-    for (const SettingKey& key : qAsConst(mPending))
-        aContent.settings.insert(key, mContent.settings.value(key));
+    mPending.putOver(aContent, mContent);
     if (mProfilesPending) {
         aContent.profiles = mContent.profiles;
         aContent.activeProfile = mContent.activeProfile;
@@ -112,16 +109,17 @@ void SettingStore::takeContent(StoreContent&& aContent)
     mContent = std::move(aContent);
 }
 
-void SettingStore::refresh()
+bool SettingStore::refresh()
 {
     if (!mFile.isOpen() || !mFile.isChangedElsewhere())
-        return;
+        return false;
     StoreContent content;
     const int code = mFile.load(content);
     if (code == SQLITE_OK)
         takeContent(std::move(content));
     else
         fail(code);
+    return code == SQLITE_OK;
 }
 
 const Profile* SettingStore::findProfile(const QString& aName)
@@ -163,7 +161,7 @@ ReadResult SettingStore::read(Scope aScope, const QString& aId, const QString& a
     if (setting != mContent.settings.constEnd())
         return {Ok, &*setting};
     // Who is told that there is none would write a default over what nobody could read.
-    return {mContentIsKnown ? int(SettingNotFound) : mFailure, nullptr};
+    return {mContent.isKnown ? int(SettingNotFound) : mFailure, nullptr};
 }
 
 ReadResult SettingStore::readDefault(const QString& aId, const Value& aPrototype)
@@ -194,7 +192,7 @@ int SettingStore::writeSetting(const SettingKey& aKey, const Value& aValue)
             return ProfileNotFound;
         announcer().announceSetting(type, aKey.id);
     } else {
-        mPending.insert(aKey);
+        mPending.keep(aKey, mContent, mBatchDepth == 0);
     }
     mContent.settings.insert(aKey, aValue);
     const int result = finishWrite(direct, code);
@@ -209,9 +207,9 @@ int SettingStore::writeForAllProfiles(const QString& aId, const Value& aValue)
     if (direct && (code = mFile.writeForAllProfiles(aId, aValue)) == SQLITE_OK)
         announcer().announceSetting(ChangeBus::AllUsersSetting, aId);
     for (const Profile& profile : mContent.profiles) {
-        mContent.settings.insert({profile.id, aId}, aValue);
         if (!direct || code != SQLITE_OK)
-            mPending.insert({profile.id, aId});
+            mPending.keep({profile.id, aId}, mContent, mBatchDepth == 0);
+        mContent.settings.insert({profile.id, aId}, aValue);
     }
     const int result = finishWrite(direct, code);
     LocalChanges::instance().notifySetting(ChangeBus::AllUsersSetting, aId);
@@ -255,10 +253,8 @@ int SettingStore::transact(const Job& aJob)
 
 int SettingStore::writePending()
 {
-    int code = mProfilesPending ? mFile.writeProfiles(mContent) : SQLITE_OK;
-    for (auto key = mPending.constBegin(); code == SQLITE_OK && key != mPending.constEnd(); ++key)
-        code = mFile.write(*key, *mContent.settings.constFind(*key));
-    return code;
+    const int code = mProfilesPending ? mFile.writeProfiles(mContent) : SQLITE_OK;
+    return code == SQLITE_OK ? mPending.write(mFile, mContent) : code;
 }
 
 int SettingStore::flush()
@@ -270,12 +266,16 @@ int SettingStore::flush()
         open();
     if (!mFile.isOpen())
         return mFailure;
-    const int code = transact([this](StoreFile&) { return writePending(); });
+    bool merged = opening;
+    const int code = transact([&](StoreFile&) {
+        merged = refresh() || merged;
+        return writePending();
+    });
     if (code != SQLITE_OK)
         return fail(code);
     announceWritten();
     recover();
-    if (opening)
+    if (merged)
         announceDifferences(before);
     return Ok;
 }
@@ -284,8 +284,9 @@ int SettingStore::flush()
 void SettingStore::announceWritten()
 {
     std::vector<ChangeAnnouncer::Setting> written;
-    for (const SettingKey& key : std::exchange(mPending, {}))
+    for (const SettingKey& key : mPending.keys())
         written.emplace_back(settingTypeOf(key.owner), key.id);
+    mPending.clear();
     announcer().announceSettings(written);
     mProfilesPending = false;
 }
@@ -346,8 +347,7 @@ void SettingStore::recover()
 /** Everything in memory goes to the file that now is at the place. */
 int SettingStore::replaceFile()
 {
-    for (auto setting = mContent.settings.constBegin(); setting != mContent.settings.constEnd(); ++setting)
-        mPending.insert(setting.key());
+    mPending.keepAll(mContent);
     mProfilesPending = true;
     mKeeper.reset();
     mFile.close();

@@ -2,7 +2,6 @@
 
 #include <QElapsedTimer>
 #include <QObject>
-#include <QSet>
 #include <QString>
 #include <QStringList>
 #include <QTimer>
@@ -12,6 +11,7 @@
 #include <platform/data-manager/ChangeAnnouncer.h>
 #include <platform/data-manager/DataManager.h>
 #include <platform/data-manager/LogKeeper.h>
+#include <platform/data-manager/PendingValues.h>
 #include <platform/data-manager/SettingDefaults.h>
 #include <platform/data-manager/StoreFile.h>
 #include <platform/data-manager/StoreOpening.h>
@@ -61,7 +61,8 @@ private:
     void open();
     void useFile();
     int waitForLock(int aTimes);
-    void refresh();
+    /** Takes over what other processes wrote; whether they did. */
+    bool refresh();
     void takeContent(StoreContent&& aContent);
 
     int writeSetting(const SettingKey& aKey, const Value& aValue);
@@ -87,7 +88,6 @@ private:
 
     const StoreConfiguration mConfiguration;
     StoreContent mContent;
-    bool mContentIsKnown = true; ///< false: there may be a store that nobody could read
     SettingDefaults mDefaults;
     int mOrigin = DatabaseOpened;
 
@@ -95,7 +95,7 @@ private:
     std::unique_ptr<LogKeeper> mKeeper;
     StoreFile mFile;
 
-    QSet<SettingKey> mPending;
+    PendingValues mPending;
     int mBatchDepth = 0;
     bool mProfilesPending = false;
     int mFailure = Ok; ///< what operations return while the file does not take them

@@ -169,7 +169,9 @@ int StoreFile::loadSettings(StoreContent& aContent)
 int StoreFile::load(StoreContent& aContent)
 {
     StoreContent content;
-    int code = mConnection.execute("BEGIN");
+    // All of one state, also when it is part of a transaction that writes.
+    const bool alone = sqlite3_get_autocommit(mConnection.handle()) != 0;
+    int code = alone ? mConnection.execute("BEGIN") : SQLITE_OK;
     if (code == SQLITE_OK)
         code = loadProfiles(content);
     if (code == SQLITE_OK)
@@ -178,7 +180,8 @@ int StoreFile::load(StoreContent& aContent)
         mLoadedVersion = mVersion.next() ? mVersion.number(0) : 0;
         code = mVersion.reset();
     }
-    mConnection.execute("COMMIT");
+    if (alone)
+        mConnection.execute("COMMIT");
     if (code != SQLITE_OK)
         return code;
     if (content.profiles.size() < 2 || content.profiles[0].id != BuiltInProfileId ||

@@ -87,6 +87,25 @@ protected:
     FaultyDisk mDisk{mFolder.path()};
 };
 
+TEST_F(StoreFaults, GiveWayToWhatAnotherProcessWroteMeanwhile)
+{
+    ASSERT_EQ(start(mFolder), Ok);
+    const QString both = QStringLiteral("both"), mine = QStringLiteral("mine");
+    EXPECT_EQ(Settings::setGlobalSetting(both, 1), Ok);
+    Connection other(path());
+    EXPECT_EQ(other.run("BEGIN IMMEDIATE"), "");
+    expectReport();
+    EXPECT_EQ(Settings::setGlobalSetting(both, 2), DatabaseBusy);
+    EXPECT_EQ(Settings::setGlobalSetting(mine, 5), DatabaseBusy);
+    EXPECT_EQ(stored<int>(both), 2);
+    EXPECT_EQ(other.run("UPDATE setting SET value = 3 WHERE id = 'both'; COMMIT"), "");
+    EXPECT_TRUE(
+        HmiTest::waitUntil([&] { return other.run("SELECT value FROM setting WHERE id = 'mine'") == "5"; }));
+    EXPECT_EQ(other.run("SELECT value FROM setting WHERE id = 'both'"), "3")
+        << "it was acknowledged, and later";
+    EXPECT_EQ(stored<int>(both), 3);
+}
+
 // Power cuts
 
 struct PowerCutCase

@@ -110,7 +110,9 @@ TEST_F(DataManagerStart, WithoutItsFolderShowsDefaultsAndThenWhatIsStored)
     const QHash<QString, QString> inner{
         {QStringLiteral("Path"), folder.filePath(QStringLiteral("inner/store.db"))}};
     wrapper->initialize(inner);
-    delete wrapper->setGlobalSetting(sId, 5);
+    const QString other = QStringLiteral("SettingsOther");
+    EXPECT_EQ(errorOf(wrapper->setGlobalSetting(sId, 5)), Result::DM_OK);
+    EXPECT_EQ(errorOf(wrapper->setGlobalSetting(other, 5)), Result::DM_OK);
     auto* const manager = Hmi::Shared::SettingsManager::instance();
     wrapper->shutdown();
     ASSERT_TRUE(QDir(folder).rename(QStringLiteral("inner"), QStringLiteral("aside")));
@@ -126,11 +128,15 @@ TEST_F(DataManagerStart, WithoutItsFolderShowsDefaultsAndThenWhatIsStored)
     HmiTest::expectMessageMatching(QtWarningMsg,
                                    QStringLiteral("Setting::getValue: Retrieve setting failed.*"));
     EXPECT_EQ(setting->getValue(), 1);
+    EXPECT_EQ(errorOf(wrapper->setGlobalSetting(other, 6)), Result::DM_SQL_ERROR);
 
     ASSERT_TRUE(QFile::remove(folder.filePath(QStringLiteral("inner"))));
     ASSERT_TRUE(QDir(folder).rename(QStringLiteral("aside"), QStringLiteral("inner")));
     EXPECT_TRUE(HmiTest::waitUntil([&] { return changed.count() > 0; }));
     EXPECT_EQ(setting->getValue(), 5) << "no default was written over it";
+    int value = 0;
+    EXPECT_EQ(DataManager::Settings::getGlobalSetting(other, value), DataManager::Ok);
+    EXPECT_EQ(value, 6) << "what was set meanwhile was";
     // It is connected to the wrapper, which goes too.
     delete manager;
 }

@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QLockFile>
+#include <QStringList>
 #include <QTemporaryDir>
 #include <cstdio>
 
@@ -93,12 +94,25 @@ static bool buildStore(const QString& aPath, QString& aWhy)
     return true;
 }
 
+/** A folder is on the medium when the one that it is in is. */
+static bool makeFolder(const QString& aFolder)
+{
+    QStringList made;
+    for (QString folder = aFolder; !QFileInfo::exists(folder); folder = QFileInfo(folder).path())
+        made.append(folder);
+    if (!QDir().mkpath(aFolder))
+        return false;
+    for (const QString& folder : qAsConst(made))
+        syncFolderOf(folder);
+    return true;
+}
+
 /** One process at a time looks again and makes what is missing. */
 static OpeningOutcome openExclusively(const StoreConfiguration& aConfiguration, bool aMayWait,
                                       StoreFile& aFile, StoreContent& aContent, QString& aWhy)
 {
     const QString& path = aConfiguration.storePath;
-    if (!QDir().mkpath(QFileInfo(path).path())) {
+    if (!makeFolder(QFileInfo(path).path())) {
         aWhy = QStringLiteral("its folder cannot be made");
         return OpeningOutcome::Unavailable;
     }

@@ -28,6 +28,8 @@
 #include <hmi/shared/units/PhoneNumberUtility.h>
 #include <hmi/shared/units/Speed.h>
 #include <hmi/shared/units/TimeDuration.h>
+#include <hmi/shared/vehicle/VehicleInformationPolicy.h>
+#include <hmi/shared/vehicle/VolumePolicyBase.h>
 
 static void initializeResourceCollection() { Q_INIT_RESOURCE(hmi_shared); }
 
@@ -66,6 +68,8 @@ void registerSharedModule(bool aDataManagerEnabled)
     registerQmlType<NumberPrecision>(uri, "NumberPrecision");
     registerQmlType<Speed>(uri, "Speed");
     registerQmlType<TimeDuration>(uri, "TimeDuration");
+    registerQmlType<VehicleInformationPolicy>(uri, "VehicleInformationPolicy");
+    registerQmlType<VolumePolicyBase>(uri, "VolumePolicyBase");
 
     registerQmlUncreatableType<DataManagerReturnTypeQml>(uri, "DataManagerReturnTypeQml");
     registerQmlUncreatableType<EnvironmentManager>(uri, "EnvironmentManager");

@@ -338,6 +338,8 @@ void DataManagerWrapper::shutdown()
 {
     if (!isEnabled() || !mInitialized)
         return;
+    // A delay that ends later is no reason to start again.
+    disconnect(HmiSharedGlobal::instance()->getEnvironmentManager(), nullptr, this, nullptr);
     mSignalClient.reset();
     DataManager::ShutDown();
     mInitialized = false;

@@ -75,6 +75,14 @@ TEST_F(DataManagerStart, WaitsForTheEnvironmentAndThenHappensOnce)
     EXPECT_EQ(errorOf(wrapper->makeActiveUserProfile(QStringLiteral("user1"))), Result::DM_ID_NOT_FOUND);
 }
 
+TEST_F(DataManagerStart, ThatIsStillDelayedEndsWithTheShutdown)
+{
+    wrapper->initialize(parameters);
+    wrapper->shutdown();
+    environment->completeStartup();
+    EXPECT_FALSE(wrapper->getReady());
+}
+
 TEST_F(DataManagerStart, InTheBackgroundIsCollectedLater)
 {
     environment->completeStartup();

@@ -62,9 +62,12 @@ void SettingStore::open()
     QString why;
     const OpeningOutcome outcome = openStore(mConfiguration, mPatience > 0, mFile, content, why);
     mSinceAttempt.start();
-    takeContent(std::move(content));
-    if (outcome == OpeningOutcome::Unavailable)
+    if (outcome == OpeningOutcome::Unavailable) {
+        if (!mContent.isKnown)
+            takeContent(readStoreCopy(mConfiguration.storePath));
         return reportOutage(why);
+    }
+    takeContent(std::move(content));
     mOrigin = outcome == OpeningOutcome::Built ? DatabaseBuilt : DatabaseOpened;
     useFile();
 }
@@ -109,17 +112,24 @@ void SettingStore::takeContent(StoreContent&& aContent)
     mContent = std::move(aContent);
 }
 
-bool SettingStore::refresh()
+int SettingStore::reloadIfChanged(bool& aReloaded)
 {
-    if (!mFile.isOpen() || !mFile.isChangedElsewhere())
-        return false;
+    aReloaded = mFile.isOpen() && mFile.isChangedElsewhere();
+    if (!aReloaded)
+        return SQLITE_OK;
     StoreContent content;
     const int code = mFile.load(content);
     if (code == SQLITE_OK)
         takeContent(std::move(content));
-    else
+    return code;
+}
+
+void SettingStore::refresh()
+{
+    bool reloaded = false;
+    const int code = reloadIfChanged(reloaded);
+    if (code != SQLITE_OK)
         fail(code);
-    return code == SQLITE_OK;
 }
 
 const Profile* SettingStore::findProfile(const QString& aName)
@@ -266,16 +276,16 @@ int SettingStore::flush()
         open();
     if (!mFile.isOpen())
         return mFailure;
-    bool merged = opening;
+    bool merged = false;
     const int code = transact([&](StoreFile&) {
-        merged = refresh() || merged;
-        return writePending();
+        const int reloaded = reloadIfChanged(merged);
+        return reloaded == SQLITE_OK ? writePending() : reloaded;
     });
     if (code != SQLITE_OK)
         return fail(code);
     announceWritten();
     recover();
-    if (merged)
+    if (merged || opening)
         announceDifferences(before);
     return Ok;
 }

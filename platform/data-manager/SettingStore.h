@@ -61,8 +61,9 @@ private:
     void open();
     void useFile();
     int waitForLock(int aTimes);
-    /** Takes over what other processes wrote; whether they did. */
-    bool refresh();
+    /** Takes over what other processes wrote; SQLite's code. */
+    int reloadIfChanged(bool& aReloaded);
+    void refresh();
     void takeContent(StoreContent&& aContent);
 
     int writeSetting(const SettingKey& aKey, const Value& aValue);

@@ -39,9 +39,6 @@ int StoreFile::makeLayout(SqliteConnection& aConnection)
 
 int StoreFile::configure(Durability aDurability)
 {
-    mConnection.setBusyTimeout(OpeningTimeout);
-    // Checkpoints would wait for the medium; the last one, at closing, is the keeper's too.
-    sqlite3_db_config(mConnection.handle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
     const char* const synchronous =
         aDurability == Durability::Full ? "PRAGMA synchronous=FULL" : "PRAGMA synchronous=OFF";
     const int code = mConnection.execute(synchronous);
@@ -52,11 +49,15 @@ int StoreFile::configure(Durability aDurability)
 
 int StoreFile::check(QString& aWhy)
 {
+    const qint64 id = mConnection.number("PRAGMA application_id", -1);
     const qint64 version = mConnection.number("PRAGMA user_version", -1);
-    if (version == -1 || mConnection.number("PRAGMA application_id", 0) != ApplicationId) {
-        const int code = sqlite3_errcode(mConnection.handle());
-        aWhy = QStringLiteral("it is no settings store");
-        return code == SQLITE_OK || code == SQLITE_ROW || code == SQLITE_DONE ? SQLITE_NOTADB : code;
+    if (id == -1 || version == -1) {
+        aWhy = mConnection.message();
+        return sqlite3_errcode(mConnection.handle());
+    }
+    if (id != ApplicationId) {
+        aWhy = QStringLiteral("it is the database of another program");
+        return SQLITE_CANTOPEN;
     }
     if (version > LayoutVersion) {
         aWhy = QStringLiteral("a newer version of this software wrote it");
@@ -76,9 +77,13 @@ int StoreFile::open(const QString& aPath, Durability aDurability, QString& aWhy)
         aWhy = QString::fromUtf8(sqlite3_errstr(code));
         return code;
     }
-    code = configure(aDurability);
+    mConnection.setBusyTimeout(OpeningTimeout);
+    // Checkpoints would wait for the medium; the last one, at closing, is the keeper's too.
+    sqlite3_db_config(mConnection.handle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+    // Before anything is set: what is no store is left as it is.
+    code = check(aWhy);
     if (code == SQLITE_OK)
-        code = check(aWhy);
+        code = configure(aDurability);
     if (code != SQLITE_OK) {
         if (aWhy.isEmpty())
             aWhy = mConnection.message();

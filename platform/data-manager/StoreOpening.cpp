@@ -140,16 +140,18 @@ static void copyWritable(const QString& aFrom, const QString& aTo)
         QFile::setPermissions(aTo, QFile::ReadOwner | QFile::WriteOwner);
 }
 
-/** SQLite needs to write beside what it reads, so a copy is read. */
-static bool readCopy(const QString& aPath, StoreContent& aContent)
+StoreContent readStoreCopy(const QString& aPath)
 {
     const QTemporaryDir folder;
     const QString copy = folder.filePath(QStringLiteral("copy"));
     copyWritable(aPath, copy);
     copyWritable(aPath + sLogSuffix, copy + sLogSuffix);
     StoreFile file;
+    StoreContent content;
     QString why;
-    return QFileInfo::exists(copy) && openAndLoad(copy, Durability::Normal, file, aContent, why) == SQLITE_OK;
+    const bool read =
+        QFileInfo::exists(copy) && openAndLoad(copy, Durability::Normal, file, content, why) == SQLITE_OK;
+    return read ? content : StoreContent::makeEmpty();
 }
 
 OpeningOutcome openStore(const StoreConfiguration& aConfiguration, bool aMayWait, StoreFile& aFile,
@@ -160,10 +162,7 @@ OpeningOutcome openStore(const StoreConfiguration& aConfiguration, bool aMayWait
         openAndLoad(path, aConfiguration.durability, aFile, aContent, aWhy) == SQLITE_OK)
         return OpeningOutcome::Opened;
     aWhy.clear();
-    const OpeningOutcome outcome = openExclusively(aConfiguration, aMayWait, aFile, aContent, aWhy);
-    if (outcome == OpeningOutcome::Unavailable && !readCopy(path, aContent))
-        aContent = StoreContent::makeEmpty();
-    return outcome;
+    return openExclusively(aConfiguration, aMayWait, aFile, aContent, aWhy);
 }
 
 } // namespace DataManager

@@ -14,11 +14,17 @@ enum class OpeningOutcome {
 
 /**
  * Opens the store of this path and reads it, or makes one. A damaged store is set aside, with a critical
- * message. When it is unavailable, aWhy says why, and aContent is what a copy of the file gives, or that of
- * an empty store. Processes that open the same path at the same time get the same store.
+ * message. When it is unavailable, aWhy says why. Processes that open the same path at the same time get the
+ * same store; with aMayWait one waits for seconds for another that is making it.
  */
 OpeningOutcome openStore(const StoreConfiguration& aConfiguration, bool aMayWait, StoreFile& aFile,
                          StoreContent& aContent, QString& aWhy);
+
+/**
+ * What a copy of a store that cannot be opened gives, as SQLite needs to write beside what it reads; that of
+ * an empty store, and not known, when there is nothing to be read.
+ */
+StoreContent readStoreCopy(const QString& aPath);
 
 /** Whether SQLite's code says that the file's content makes no sense. */
 bool isDamage(int aSqliteCode);

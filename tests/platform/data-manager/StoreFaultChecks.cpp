@@ -87,6 +87,19 @@ protected:
     FaultyDisk mDisk{mFolder.path()};
 };
 
+TEST_F(StoreFaults, LeaveTheDatabaseOfAnotherProgramAlone)
+{
+    EXPECT_EQ(Connection(path()).run("CREATE TABLE song(title)"), "");
+    const QByteArray before = HmiTest::readFile(path());
+    expectReport();
+    EXPECT_EQ(start(mFolder), Ok);
+    EXPECT_EQ(Settings::setGlobalSetting(QStringLiteral("id"), 1), SqlError);
+    EXPECT_EQ(stored<int>(QStringLiteral("id")), 1);
+    ShutDown();
+    EXPECT_TRUE(HmiTest::readFile(path()) == before);
+    EXPECT_FALSE(QFile::exists(path(QStringLiteral("hmi_settings.db.damaged-1"))));
+}
+
 TEST_F(StoreFaults, GiveWayToWhatAnotherProcessWroteMeanwhile)
 {
     ASSERT_EQ(start(mFolder), Ok);

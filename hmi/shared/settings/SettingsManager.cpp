@@ -101,9 +101,15 @@ void SettingsManager::addSharedSettings()
 bool SettingsManager::restoreSettingsDefaults()
 {
     DataManagerWrapper* manager = DataManagerWrapper::instance();
+    const QVector<KeptValue> kept = valuesToKeep();
     const Result reset(manager->resetActiveUserProfile());
     bool succeeded = reset->getError() == DataManagerReturnTypeQml::DM_OK;
     manager->beginBatch();
+    for (const auto& [setting, value] : kept)
+        if (setting) {
+            setting->onStoredValueChanged();
+            setting->setValue(value);
+        }
     const QStringList names = keys();
     for (const QString& name : names) {
         Setting* setting = findSetting(name);
@@ -113,6 +119,16 @@ bool SettingsManager::restoreSettingsDefaults()
     manager->commitBatch();
     emit restoreSettingsCalled();
     return succeeded;
+}
+
+/** The reset of a profile erases also what restoring may not touch. */
+QVector<SettingsManager::KeptValue> SettingsManager::valuesToKeep() const
+{
+    QVector<KeptValue> kept;
+    for (Setting* setting : mFollowed)
+        if (setting->getCategory() == Setting::SettingCategoryUser && !setting->getAllowRestore())
+            kept.append({setting, setting->getValue()});
+    return kept;
 }
 
 bool SettingsManager::restoreSetting(Setting& aSetting)

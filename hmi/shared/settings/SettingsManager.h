@@ -3,9 +3,12 @@
 #include <QJsonObject>
 #include <QList>
 #include <QMultiHash>
+#include <QPointer>
 #include <QQmlPropertyMap>
 #include <QString>
 #include <QVariant>
+#include <QVector>
+#include <utility>
 
 #include <hmi/core/foundation/InstanceTracker.h>
 #include <hmi/shared/settings/Setting.h>
@@ -94,11 +97,14 @@ protected:
     QVariant updateValue(const QString& aKey, const QVariant& aInput) override;
 
 private:
+    using KeptValue = std::pair<QPointer<Setting>, QVariant>;
+
     SettingsManager();
 
     Setting* findSetting(const QString& aName) const;
     bool publish(Setting* aSetting);
     void addBuiltInSettings();
+    QVector<KeptValue> valuesToKeep() const;
     bool restoreSetting(Setting& aSetting);
 
     void requestChangeSignals();

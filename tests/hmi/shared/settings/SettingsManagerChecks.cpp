@@ -104,13 +104,19 @@ TEST_F(Settings, OfTheLibraryFollowTheThemeAndTheLocale)
 
 TEST_F(Settings, AreRestoredWhereThatIsAllowed)
 {
-    mManager->addSettings({make("plain", Global), make("hidden", Protected), make("kept", Global)});
-    mManager->getSetting(QStringLiteral("kept"))->setAllowRestore(false);
+    mManager->addSettings({make("plain", Global), make("hidden", Protected), make("kept", Global),
+                           make("user", User), make("mine", User)});
+    for (const char* name : {"kept", "mine"})
+        mManager->getSetting(QLatin1String(name))->setAllowRestore(false);
     const char* stored =
-        R"({"firstBoot": false, "hidden": 5, "kept": 5, "plain": 5, "version": 2, "versionPrevious": 2})";
+        R"({"firstBoot": false, "hidden": 5, "kept": 5, "mine": 5, "plain": 5, "user": 5, "version": 2,
+            "versionPrevious": 2})";
     EXPECT_TRUE(mManager->setValuesFromJson(QJsonDocument::fromJson(stored).object()));
     EXPECT_TRUE(mManager->restoreSettingsDefaults());
-    EXPECT_EQ(values({"plain", "hidden", "kept"}), (QVariantList{1, 5, 5}));
+    EXPECT_EQ(values({"plain", "hidden", "kept", "user", "mine"}), (QVariantList{1, 5, 5, 1, 5}));
+    int mine = 0;
+    DataManager::Settings::getUserSetting(QStringLiteral("mine"), mine);
+    EXPECT_EQ(mine, 5) << "stored, though the profile was reset";
     mManager->clear();
     SettingsManager::instance();
     EXPECT_EQ(values({"firstBoot", "versionPrevious", "version"}), (QVariantList{false, 2, 3}));

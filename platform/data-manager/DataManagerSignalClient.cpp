@@ -1,5 +1,6 @@
 #include <platform/data-manager/DataManagerSignalClient.h>
 
+#include <QCoreApplication>
 #include <QDBusError>
 
 #include <platform/data-manager/ChangeAnnouncer.h>
@@ -45,22 +46,34 @@ DataManagerSignalClient::DataManagerSignalClient(const QDBusConnection& aConnect
         onBusLost();
 }
 
+/** A connection that closes while its signals still come in leaves some behind that point to it. */
 DataManagerSignalClient::~DataManagerSignalClient()
 {
+    const QStringList ids = LocalChanges::instance().getRequested();
+    for (const QString& id : ids)
+        unsubscribeSetting(id);
+    changeMatches(&QDBusConnection::disconnect);
+    QCoreApplication::removePostedEvents(this, QEvent::MetaCall);
     QDBusConnection::disconnectFromBus(mOwnConnectionName);
 }
 
 void DataManagerSignalClient::subscribe()
 {
-    mConnection.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
-                        QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"), this,
-                        SLOT(onBusLost()));
-    mConnection.connect(QString(), ChangeBus::Path, ChangeBus::Interface, ChangeBus::ProfileChanged, this,
-                        SLOT(onBusProfile(QString, QDBusMessage)));
+    changeMatches(&QDBusConnection::connect);
     mUnmatchable = 0;
     const QStringList ids = LocalChanges::instance().getRequested();
     for (const QString& id : ids)
         subscribeSetting(id);
+}
+
+/** Those that do not depend on what is requested. */
+void DataManagerSignalClient::changeMatches(ChangeMatch aChange)
+{
+    (mConnection.*aChange)(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
+                           QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"), this,
+                           SLOT(onBusLost()));
+    (mConnection.*aChange)(QString(), ChangeBus::Path, ChangeBus::Interface, ChangeBus::ProfileChanged, this,
+                           SLOT(onBusProfile(QString, QDBusMessage)));
 }
 
 void DataManagerSignalClient::subscribeSetting(const QString& aId)

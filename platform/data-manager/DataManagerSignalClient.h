@@ -37,7 +37,12 @@ private slots:
     void onBusProfile(const QString& aName, const QDBusMessage& aMessage);
 
 private:
+    using ChangeMatch = bool (QDBusConnection::*)(const QString& aService, const QString& aPath,
+                                                  const QString& aInterface, const QString& aSignal,
+                                                  QObject* aReceiver, const char* aSlot);
+
     void subscribe();
+    void changeMatches(ChangeMatch aChange);
     void subscribeSetting(const QString& aId);
     void unsubscribeSetting(const QString& aId);
     bool connectAnew();

@@ -4,8 +4,9 @@ namespace DataManager {
 
 LocalChanges& LocalChanges::instance()
 {
-    static LocalChanges instance;
-    return instance;
+    // Its users are singletons of the libraries above, which end with the process.
+    static LocalChanges& sInstance = *new LocalChanges;
+    return sInstance;
 }
 
 void LocalChanges::request(const QString& aId, const QString& aOwner)

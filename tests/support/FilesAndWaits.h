@@ -24,10 +24,10 @@ inline QByteArray readFile(const QString& aPath)
     return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/** Runs the event loop until the condition holds; false when it does not within 20 seconds. */
-inline bool waitUntil(const std::function<bool()>& aCondition)
+/** Runs the event loop until the condition holds; false when it does not in time. */
+inline bool waitUntil(const std::function<bool()>& aCondition, int aMilliseconds = 20000)
 {
-    const QDeadlineTimer deadline(20000);
+    const QDeadlineTimer deadline(aMilliseconds);
     QTimer lookAgain;
     lookAgain.start(5);
     while (!aCondition() && !deadline.hasExpired())

@@ -1,5 +1,6 @@
 #include <platform/data-manager/DataManagerSignalClient.h>
 
+#include <QCoreApplication>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QSignalSpy>
@@ -33,7 +34,13 @@ public:
                      SLOT(onSetting(int, QString)));
         settle(mBus);
     }
-    ~Stranger() override { QDBusConnection::disconnectFromBus(QStringLiteral("stranger")); }
+    ~Stranger() override
+    {
+        mBus.disconnect(QString(), ChangeBus::Path, ChangeBus::Interface, ChangeBus::SettingChanged, this,
+                        SLOT(onSetting(int, QString)));
+        QCoreApplication::removePostedEvents(this, QEvent::MetaCall);
+        QDBusConnection::disconnectFromBus(QStringLiteral("stranger"));
+    }
 
     bool announce(QLatin1String aSignal, const QVariantList& aArguments)
     {
@@ -170,18 +177,27 @@ TEST_F(ChangeSignals, TellOfTheProfileThatBecameActive)
 TEST_F(ChangeSignals, OutliveTheBus)
 {
     request(sVolume);
-    HmiTest::expectMessageMatching(QtWarningMsg,
-                                   QStringLiteral("The data manager does not reach the system bus .*"));
-    HmiTest::PrivateBus::stop();
-    Settings::setGlobalSetting(sVolume, 5);
-    EXPECT_EQ(settings->count(), 1) << "no bus is needed at home";
-    // What nobody could hear is announced when somebody can.
-    ASSERT_TRUE(HmiTest::PrivateBus::start());
-    Stranger stranger;
-    EXPECT_TRUE(HmiTest::waitUntil([&] { return stranger.heard.contains(QStringLiteral("3 volume")); }));
-    EXPECT_TRUE(HmiTest::waitUntil([&] { return settings->count() >= 4; })) << "told in case of a change";
+    std::unique_ptr<Stranger> stranger;
+    const auto isHeard = [&] { return stranger->heard.contains(QStringLiteral("3 volume")); };
+    const auto outage = [&] {
+        stranger.reset();
+        HmiTest::expectMessageMatching(QtWarningMsg,
+                                       QStringLiteral("The data manager does not reach the system bus .*"));
+        HmiTest::PrivateBus::stop();
+        Settings::setGlobalSetting(sVolume, 5);
+        EXPECT_GE(settings->count(), 1) << "no bus is needed at home";
+        settings->clear();
+        ASSERT_TRUE(HmiTest::PrivateBus::start());
+        stranger = std::make_unique<Stranger>();
+        EXPECT_TRUE(HmiTest::waitUntil([&] { return settings->count() == 3; })) << "told in case of a change";
+        HmiTest::waitUntil(isHeard, 3000);
+    };
+    // What nobody could hear is announced when somebody can, which may be before the stranger listens.
+    for (int attempt = 0; attempt < 5 && (!stranger || !isHeard()); ++attempt)
+        ASSERT_NO_FATAL_FAILURE(outage());
+    EXPECT_TRUE(isHeard());
     settings->clear();
-    stranger.announce(ChangeBus::SettingChanged, {3, sVolume});
+    stranger->announce(ChangeBus::SettingChanged, {3, sVolume});
     EXPECT_TRUE(HmiTest::waitUntil([&] { return settings->count() == 1; }));
     EXPECT_EQ(profiles->count(), 0) << "the profile is the same";
 }

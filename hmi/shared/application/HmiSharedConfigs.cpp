@@ -19,6 +19,7 @@ static const QString ScaleToFitViewport = QStringLiteral("HmiShared/ScaleToFitVi
 static const QString ScaleViewportToFitWindow = QStringLiteral("HmiShared/ScaleViewportToFitWindow");
 static const QString ScreenSnapshotPath = QStringLiteral("HmiShared/ScreenSnapshotPath");
 static const QString SignalServiceEnabled = QStringLiteral("HmiShared/SignalServiceEnabled");
+static const QString SignalServicePath = QStringLiteral("HmiShared/SignalServicePath");
 static const QString SystemUpdateEnabled = QStringLiteral("HmiShared/SystemUpdateEnabled");
 static const QString VoiceManagerEnabled = QStringLiteral("HmiShared/VoiceManagerEnabled");
 static const QString VoiceServiceManagerConfig = QStringLiteral("HmiShared/VoiceServiceManagerConfig");
@@ -42,6 +43,7 @@ HmiSharedConfigs::HmiSharedConfigs(Core::ConfigManager& aConfig) : Core::ConfigF
     addPath(Key::ErrorReportPathExport, localState);
     addPath(Key::EulaPath, resources + QStringLiteral("eula"));
     addPath(Key::ScreenSnapshotPath, localState);
+    addPath(Key::SignalServicePath, QStringLiteral("/var/run/signal_service"));
 
     addValue(Key::DataManagerEnabled, false);
     addValue(Key::DeveloperModeEnabled, true);
@@ -86,6 +88,8 @@ HmiSharedConfigs::ViewportScaling HmiSharedConfigs::getScaleViewportToFitWindow(
 QString HmiSharedConfigs::getScreenSnapshotPath() const { return path(Key::ScreenSnapshotPath); }
 
 bool HmiSharedConfigs::getSignalServiceEnabled() const { return flag(Key::SignalServiceEnabled); }
+
+QString HmiSharedConfigs::getSignalServicePath() const { return path(Key::SignalServicePath); }
 
 bool HmiSharedConfigs::getSystemUpdateEnabled() const { return flag(Key::SystemUpdateEnabled); }
 

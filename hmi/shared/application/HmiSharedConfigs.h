@@ -52,6 +52,8 @@ public:
     Q_INVOKABLE QString getVoicesPath() const;
 
     QString getDataManagerConfigPath() const;
+    /** Where the signal service listens. */
+    QString getSignalServicePath() const;
 
 private:
     HmiSharedConfigs();

@@ -20,6 +20,8 @@
 #include <hmi/shared/settings/Setting.h>
 #include <hmi/shared/settings/SettingLocale.h>
 #include <hmi/shared/settings/SettingsManager.h>
+#include <hmi/shared/signal-service/qml/RxSignalProxy.h>
+#include <hmi/shared/signal-service/qml/TxSignalProxy.h>
 #include <hmi/shared/units/DateTime.h>
 #include <hmi/shared/units/Distance.h>
 #include <hmi/shared/units/MeasurementBase.h>
@@ -66,8 +68,10 @@ void registerSharedModule(bool aDataManagerEnabled)
     registerQmlType<Distance>(uri, "Distance");
     registerQmlType<MeasurementBase>(uri, "MeasurementBase");
     registerQmlType<NumberPrecision>(uri, "NumberPrecision");
+    registerQmlType<SignalService::RxSignalProxy>(uri, "RxSignalProxy");
     registerQmlType<Speed>(uri, "Speed");
     registerQmlType<TimeDuration>(uri, "TimeDuration");
+    registerQmlType<SignalService::TxSignalProxy>(uri, "TxSignalProxy");
     registerQmlType<VehicleInformationPolicy>(uri, "VehicleInformationPolicy");
     registerQmlType<VolumePolicyBase>(uri, "VolumePolicyBase");
 

@@ -1,0 +1,28 @@
+#include <hmi/shared/signal-service/qml/SharedTransport.h>
+
+#include <hmi/shared/application/HmiSharedConfigs.h>
+#include <hmi/shared/signal-service/TransportProxy.h>
+
+namespace Hmi::Shared::SignalService {
+
+using ::SignalService::TransportProxy;
+
+/** The last user may go in a slot that the transport called. */
+static std::shared_ptr<TransportProxy> makeTransport()
+{
+    const QString path = HmiSharedConfigs::instance()->getSignalServicePath();
+    return {new TransportProxy(path), [](TransportProxy* aTransport) { aTransport->deleteLater(); }};
+}
+
+std::shared_ptr<TransportProxy> sharedTransport()
+{
+    static std::weak_ptr<TransportProxy> sTransport;
+    std::shared_ptr<TransportProxy> transport = sTransport.lock();
+    if (!transport && HmiSharedConfigs::instance()->getSignalServiceEnabled()) {
+        transport = makeTransport();
+        sTransport = transport;
+    }
+    return transport;
+}
+
+} // namespace Hmi::Shared::SignalService

@@ -2,7 +2,7 @@
 
 #include <hmi/shared/signal-service/RxSignalProxy.h>
 #include <hmi/shared/signal-service/TransportProxy.h>
-#include <hmi/shared/signal-service/qml/SharedTransport.h>
+#include <hmi/shared/signal-service/SharedTransport.h>
 
 namespace Hmi::Shared::SignalService {
 

@@ -3,7 +3,7 @@
 #include <hmi/shared/signal-service/DataBuffer.h>
 #include <hmi/shared/signal-service/TransportProxy.h>
 #include <hmi/shared/signal-service/TxSignalProxy.h>
-#include <hmi/shared/signal-service/qml/SharedTransport.h>
+#include <hmi/shared/signal-service/SharedTransport.h>
 
 namespace Hmi::Shared::SignalService {
 

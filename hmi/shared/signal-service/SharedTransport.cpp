@@ -1,4 +1,4 @@
-#include <hmi/shared/signal-service/qml/SharedTransport.h>
+#include <hmi/shared/signal-service/SharedTransport.h>
 
 #include <hmi/shared/application/HmiSharedConfigs.h>
 #include <hmi/shared/signal-service/TransportProxy.h>

@@ -22,7 +22,11 @@ bool DataBuffer::toBool(bool* aOk) const { return read<bool>(*this, aOk); }
 
 DataBuffer StringToDataBuffer(const QString& aText) { return DataBuffer(aText.toUtf8()); }
 
-QString StringFromDataBuffer(const DataBuffer& aBuffer) { return QString::fromUtf8(aBuffer.getBytes()); }
+/** Of a byte array alone Qt would read no further than its first NUL. */
+QString StringFromDataBuffer(const DataBuffer& aBuffer)
+{
+    return QString::fromUtf8(aBuffer.getBytes().constData(), aBuffer.getBytes().size());
+}
 
 static bool registerConverters()
 {

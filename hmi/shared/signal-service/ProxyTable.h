@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace SignalService {
@@ -16,6 +18,19 @@ namespace SignalService {
 template <class Proxy>
 class ProxyTable
 {
+public:
+    class Walk;
+
+private:
+    struct Entry
+    {
+        std::vector<Proxy*> proxies; ///< null: removed while it was walked
+        Walk* walk = nullptr;        ///< the innermost
+        bool hasGaps = false;
+    };
+    /** Stays where it is when others come and go; iterators do not. */
+    using Node = std::pair<const std::string, Entry>;
+
 public:
     /** False when it is there already. */
     bool insert(const std::string& aPath, Proxy& aProxy)
@@ -42,8 +57,6 @@ public:
         return true;
     }
 
-    bool isEmpty() const { return mEntries.empty(); }
-
     bool contains(const std::string& aPath) const
     {
         const auto entry = mEntries.find(aPath);
@@ -56,42 +69,73 @@ public:
     {
         std::vector<std::string> paths;
         paths.reserve(mEntries.size());
-        for (const auto& entry : mEntries)
-            paths.push_back(entry.first);
+        for (const auto& entry : mEntries) {
+            if (contains(entry.first))
+                paths.push_back(entry.first);
+        }
         return paths;
     }
+
+    /**
+     * A visit to the proxies that a path has when the walk is made. A walk that is made in a slot of another
+     * one finishes that first, so that everyone is visited in the order of the walks. They live on the stack.
+     */
+    class Walk
+    {
+    public:
+        /** The visit takes a proxy and stays its caller's. */
+        template <class Visit>
+        Walk(ProxyTable& aTable, const std::string& aPath, Visit& aVisit) :
+            mTable(aTable), mVisit(std::ref(aVisit))
+        {
+            const auto found = aTable.mEntries.find(aPath);
+            if (found == aTable.mEntries.end())
+                return;
+            mNode = &*found;
+            mCount = mNode->second.proxies.size();
+            mOuter = std::exchange(mNode->second.walk, this);
+        }
+        ~Walk()
+        {
+            if (!mNode)
+                return;
+            mNode->second.walk = mOuter;
+            if (mNode->second.hasGaps)
+                mTable.tidyUp(mTable.mEntries.find(mNode->first));
+        }
+        Walk(const Walk&) = delete;
+        Walk& operator=(const Walk&) = delete;
+
+        void finish()
+        {
+            if (mOuter)
+                mOuter->finish();
+            while (mIndex < mCount) {
+                if (Proxy* const proxy = mNode->second.proxies[mIndex++])
+                    mVisit(*proxy);
+            }
+        }
+
+    private:
+        ProxyTable& mTable;
+        const std::function<void(Proxy&)> mVisit;
+        Node* mNode = nullptr;
+        std::size_t mIndex = 0;
+        std::size_t mCount = 0;
+        Walk* mOuter = nullptr;
+    };
 
     template <class Visit>
     void forEach(const std::string& aPath, Visit aVisit)
     {
-        const auto found = mEntries.find(aPath);
-        if (found == mEntries.end())
-            return;
-        // Stays where it is when others come and go; iterators do not.
-        Entry& entry = found->second;
-        ++entry.walks;
-        const std::size_t count = entry.proxies.size();
-        for (std::size_t index = 0; index < count; ++index) {
-            if (Proxy* const proxy = entry.proxies[index])
-                aVisit(*proxy);
-        }
-        --entry.walks;
-        if (entry.hasGaps)
-            tidyUp(mEntries.find(aPath));
+        Walk(*this, aPath, aVisit).finish();
     }
 
 private:
-    struct Entry
-    {
-        std::vector<Proxy*> proxies; ///< null: removed while it was walked
-        int walks = 0;
-        bool hasGaps = false;
-    };
-
     void tidyUp(typename std::unordered_map<std::string, Entry>::iterator aEntry)
     {
         Entry& entry = aEntry->second;
-        entry.hasGaps = entry.walks > 0;
+        entry.hasGaps = entry.walk != nullptr;
         if (entry.hasGaps)
             return;
         std::vector<Proxy*>& proxies = entry.proxies;

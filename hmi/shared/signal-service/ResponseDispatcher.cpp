@@ -67,13 +67,17 @@ void ResponseDispatcher::handOutValue(const ResponseMessage& aResponse)
     const int status = aResponse.status();
     const QVariant value =
         QVariant::fromValue(DataBuffer(QByteArray(bytes.data(), static_cast<int>(bytes.size()))));
-    if (!oneShotReaders.isEmpty())
-        oneShotReaders.forEach(path, [&](RxSignalProxy& aReader) {
-            // First, as its slot may ask again.
-            oneShotReaders.remove(path, aReader);
-            emit aReader.ValueUpdated(value, status);
-        });
-    subscribers.forEach(path, [&](RxSignalProxy& aReader) { emit aReader.ValueUpdated(value, status); });
+    const auto update = [&](RxSignalProxy& aReader) { emit aReader.ValueUpdated(value, status); };
+    const auto answer = [&](RxSignalProxy& aReader) {
+        // First, as its slot may ask again.
+        oneShotReaders.remove(path, aReader);
+        update(aReader);
+    };
+    // Both before the first slot: a value that comes in while one waits is newer for everyone.
+    ProxyTable<RxSignalProxy>::Walk updates(subscribers, path, update);
+    ProxyTable<RxSignalProxy>::Walk answers(oneShotReaders, path, answer);
+    answers.finish();
+    updates.finish();
 }
 
 void ResponseDispatcher::handOutPutResult(const ResponseMessage& aResponse)

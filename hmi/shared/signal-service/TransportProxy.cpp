@@ -2,6 +2,7 @@
 
 #include <QAbstractEventDispatcher>
 #include <QScopedValueRollback>
+#include <utility>
 
 #include <hmi/shared/application/LoggingCategory.h>
 #include <hmi/shared/signal-service/DataBuffer.h>
@@ -97,7 +98,7 @@ void TransportProxy::OnReadyRead()
     }
     if (result == Reading::Failed)
         disconnectAfterError("Signal Service read error, disconnecting");
-    else if (result == Reading::MoreLater)
+    else if (result == Reading::MoreLater && !std::exchange(mContinuing, true))
         QMetaObject::invokeMethod(this, &TransportProxy::continueReading, Qt::QueuedConnection);
 }
 
@@ -120,6 +121,7 @@ TransportProxy::Reading TransportProxy::readFrames()
 
 void TransportProxy::continueReading()
 {
+    mContinuing = false;
     if (mConnected)
         OnReadyRead();
 }

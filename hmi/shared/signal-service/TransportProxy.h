@@ -106,7 +106,8 @@ private:
     std::unique_ptr<RequestMessage> mRequest;
     bool mConnected = false;
     bool mLossTold = false;
-    int mReadingDepth = 0; ///< above 1 in the event loop of a slot
+    bool mContinuing = false; ///< continueReading() is on its way
+    int mReadingDepth = 0;    ///< above 1 in the event loop of a slot
 };
 
 } // namespace SignalService

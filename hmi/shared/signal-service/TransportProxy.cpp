@@ -164,7 +164,8 @@ void TransportProxy::CancelUpdates(RxSignalProxy& aReader)
 
 bool TransportProxy::RequestValue(RxSignalProxy& aReader)
 {
-    const std::string& path = aReader.GetPathBytes();
+    // A write error may make a slot destroy the reader.
+    const std::string path = aReader.GetPathBytes();
     if (!fits(REQUEST_VALUE, path))
         return false;
     mDispatcher.oneShotReaders.insert(path, aReader);

@@ -46,7 +46,11 @@ TransportProxy::~TransportProxy() { mSocket.disconnect(this); }
 
 void TransportProxy::connectToService() { mSocket.connectToServer(mSocketPath, QIODevice::ReadWrite); }
 
-void TransportProxy::OnTimeout() { connectToService(); }
+void TransportProxy::OnTimeout()
+{
+    if (mSocket.state() == QLocalSocket::UnconnectedState)
+        connectToService();
+}
 
 void TransportProxy::OnSocketStateChanged(QLocalSocket::LocalSocketState a_state)
 {

@@ -44,6 +44,9 @@ public:
     /** Whether next() would find something without waiting. */
     bool hasPending() const { return mBegin != mEnd || mDevice.bytesAvailable() > 0; }
 
+    /** Whether the rest of a frame is being waited for. */
+    bool isWaiting() const { return mWaiting; }
+
     void clear();
 
 private:

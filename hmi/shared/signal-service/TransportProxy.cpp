@@ -56,7 +56,8 @@ void TransportProxy::OnSocketStateChanged(QLocalSocket::LocalSocketState a_state
 {
     if (a_state != QLocalSocket::UnconnectedState)
         return;
-    if (!std::exchange(mLossTold, true))
+    // Within a message it is an error of reading, which is told as that.
+    if (!mFrames.isWaiting() && !std::exchange(mLossTold, true))
         qCWarning(hmiShared, "The signal service at '%s' is away (%s); it is tried again every second.",
                   qUtf8Printable(mSocketPath), qUtf8Printable(mSocket.errorString()));
     mConnected = false;

@@ -1,11 +1,20 @@
 #include <hmi/shared/signal-service/ResponseDispatcher.h>
 
+#include <google/protobuf/io/coded_stream.h>
+#include <google/protobuf/wire_format_lite.h>
+
 #include <hmi/shared/signal-service/DataBuffer.h>
 #include <hmi/shared/signal-service/RxSignalProxy.h>
 #include <hmi/shared/signal-service/TxSignalProxy.h>
 #include <signal_service.pb.h>
 
 namespace SignalService {
+
+using google::protobuf::internal::WireFormatLite;
+using google::protobuf::io::CodedInputStream;
+
+static constexpr std::uint32_t KindTag =
+    WireFormatLite::MakeTag(ResponseMessage::kTypeFieldNumber, WireFormatLite::WIRETYPE_VARINT);
 
 ResponseDispatcher::ResponseDispatcher() { registerDataBuffer(); }
 
@@ -24,12 +33,18 @@ bool ResponseDispatcher::dispatch(const char* aMessage, int aSize)
     return parsed;
 }
 
-/** An unknown kind is kept as an unknown field, and the field reads as its default; fields are in order. */
+/** An unknown kind is kept among the unknown fields, and the field reads as its default. */
 static bool isOfUnknownKind(const ResponseMessage& aResponse)
 {
-    constexpr char kindTag = ResponseMessage::kTypeFieldNumber << 3;
     const std::string& unknown = aResponse.unknown_fields();
-    return !aResponse.has_type() && !unknown.empty() && unknown.front() == kindTag;
+    if (aResponse.has_type() || unknown.empty())
+        return false;
+    CodedInputStream fields(reinterpret_cast<const std::uint8_t*>(unknown.data()),
+                            static_cast<int>(unknown.size()));
+    std::uint32_t tag = fields.ReadTag();
+    while (tag != 0 && tag != KindTag && WireFormatLite::SkipField(&fields, tag))
+        tag = fields.ReadTag();
+    return tag == KindTag;
 }
 
 void ResponseDispatcher::route(const ResponseMessage& aResponse)

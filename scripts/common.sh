@@ -19,16 +19,18 @@ as_root() {
     fi
 }
 
+# missing_packages [fuzz]: of those up to the line "# Fuzzing", or of all.
 missing_packages() {
-    local wanted installed
-    wanted=$(sed 's/#.*//' "$root/scripts/packages.txt" | xargs -n1 | sort -u)
+    local wanted installed last='/^# Fuzzing/q'
+    [[ ${1:-} == fuzz ]] && last=
+    wanted=$(sed "$last" "$root/scripts/packages.txt" | sed 's/#.*//' | xargs -n1 | sort -u)
     installed=$(dpkg-query -W -f='${Package} ${db:Status-Status}\n' $wanted 2>/dev/null | sed -n 's/ installed$//p' | sort -u)
     comm -23 <(printf '%s\n' "$wanted") <(printf '%s\n' "$installed")
 }
 
 install_packages() {
     local missing
-    missing=$(missing_packages)
+    missing=$(missing_packages "$@")
     if [[ -z $missing ]]; then
         say "Packages: nothing to install"
         return

@@ -9,14 +9,6 @@
 #include <cstdlib>
 #include <sqlite3.h>
 
-void require(bool aFulfilled, const char* aWhat)
-{
-    if (aFulfilled)
-        return;
-    std::fprintf(stderr, "Not possible: %s\n", aWhat);
-    std::exit(1);
-}
-
 std::string nameOf(int aKey) { return "setting" + std::to_string(aKey); }
 
 void SettingsStore::watch(const std::function<void(int)>&) { require(false, "watching this store"); }

@@ -4,6 +4,8 @@
 #include <memory>
 #include <string>
 
+#include "Require.h"
+
 /**
  * A store of whole numbers under the names setting0, setting1 and so on, as the benchmarks drive it: the
  * library's own and what you would pick instead, all alike. Opened by its function below; what fails ends the
@@ -32,9 +34,6 @@ public:
     /** Calls on each change of setting0 by another process. */
     virtual void watch(const std::function<void(int aValue)>& aChanged);
 };
-
-/** Ends the program with the text, unless true. */
-void require(bool aFulfilled, const char* aWhat);
 
 std::string nameOf(int aKey);
 

@@ -8,6 +8,8 @@ import sys
 import tempfile
 import time
 
+from signals import signal_times
+
 # row, ours, peer, the most that the ratio may be (None: for the record)
 RATIOS = [
     ("singleton read / plain static", "SingletonRead", "PlainStaticRead", 1.5),
@@ -43,6 +45,28 @@ SETTINGS_RATIOS = [
     ("start-up, 2000 settings / dconf", "read/DataManager", "read/DConf", None),
     ("change to a binding of another process / dconf", "change/DataManager", "change/DConf", None),
 ]
+# The same of vehicle signals, for each value.
+SIGNAL_RATIOS = [
+    *((f"signals, {label}: {row}", f"{pace}/{ours}/time", f"{pace}/{peer}/time", limit)
+      for pace, label in (("single", "a write each"), ("batches", "64 KiB writes"))
+      for row, ours, peer, limit in (("slot / read(2) loop", "proxies", "read", None),
+                                     ("slot / bare QLocalSocket", "proxies", "socket", None),
+                                     ("slot / Qt D-Bus", "proxies", "dbus", 1 / 10),
+                                     ("slot / gRPC stream", "proxies", "grpc", 1 / 3),
+                                     ("QML handler / Qt D-Bus", "qml", "dbus", None))),
+    *((f"signals, delay, {label}: {row}", f"paced/{ours}/{what}", f"paced/{peer}/{what}", limit)
+      for what, label in (("median", "median"), ("percentile99", "99 %"))
+      for row, ours, peer, limit in (("slot / read(2) loop", "proxies", "read", None),
+                                     ("slot / QLocalSocket", "proxies", "socket", 1.3),
+                                     ("QML / QLocalSocket", "qml", "socket", None),
+                                     ("slot / Qt D-Bus", "proxies", "dbus", None),
+                                     ("slot / gRPC stream", "proxies", "grpc", None))),
+    ("signals, flood: longest gap of a timer / QLocalSocket", "timer/proxies/gap", "timer/socket/gap", None),
+]
+SIGNAL_GAP_LIMIT = 20e6  # nanoseconds
+SIGNAL_ALLOCATIONS_LIMIT = 1.1  # for a value
+SIGNAL_GROWTH_LIMIT = 256  # kilobytes
+RECONNECTION_LIMIT = 1200  # milliseconds
 CHANGE_LIMIT = 1e6  # nanoseconds
 GROWTH_LIMIT = 1024  # kilobytes
 LOG_FILE_LIMIT = 32 * 1024  # kilobytes
@@ -148,6 +172,19 @@ def print_settings(build):
     print_single(f"{WRITES} Setting writes: greatest log", log / 1024, "kB", LOG_FILE_LIMIT)
 
 
+def print_signals(build):
+    times = signal_times(build)
+    print_ratios(times, SIGNAL_RATIOS)
+    print_single("signals, flood: longest gap of a timer of 1 ms", times["timer/proxies/gap"], "ns", SIGNAL_GAP_LIMIT)
+    print_single("signals, flood: median gap of it", times["timer/proxies/medianGap"], "ns", None)
+    for pace, label, limit in (("batches", "flood", SIGNAL_ALLOCATIONS_LIMIT), ("paced", "paced", None)):
+        for reader, name, most in (("proxies", "ours", limit), ("socket", "bare QLocalSocket", None)):
+            print_single(f"signals, {label}: allocations for a value, {name}", times[f"{pace}/{reader}/allocations"],
+                         "", most)
+    print_single("signals, 9 million values: private memory added", times["growth"], "kB", SIGNAL_GROWTH_LIMIT)
+    print_single("signals, return of the service: 500 subscriptions", times["reconnection"], "ms", RECONNECTION_LIMIT)
+
+
 def verdict(value, limit, unit=""):
     if limit is None:
         return "for the record"
@@ -161,6 +198,7 @@ def main():
     print_ratios(times, RATIOS)
     print_single("log line to file", times["LogLine"], "ns", LOG_LINE_LIMIT)
     print_settings(build)
+    print_signals(build)
 
     empty, core = [], []
     for _ in range(HOST_RUNS):
@@ -176,4 +214,5 @@ def main():
         print(f"{label:52} {ours:9.1f} {unit} {peer:9.1f} {unit} {added:+7.2f}  {verdict(added, limit, unit)}")
 
 
-main()
+if __name__ == "__main__":
+    main()

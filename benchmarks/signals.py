@@ -1,0 +1,87 @@
+"""Measures vehicle signals from a writing process to the handler in a reading one."""
+import os
+import statistics
+import subprocess
+import sys
+import tempfile
+
+# reader -> the transport of its writer
+READERS = {"read": "socket", "socket": "socket", "proxies": "socket", "qml": "socket", "dbus": "dbus", "grpc": "grpc"}
+# Values of a flood: about half a second each.
+VALUES = {"dbus": 20000, "grpc": 100000}
+DEFAULT_VALUES = 500000
+MANY_VALUES = 10000000
+FLOOD_ROUNDS = 5
+PACED_ROUNDS = 5
+PACED_VALUES = 1000
+TIMER_VALUES = 4000000
+RECONNECTIONS = 7
+
+
+class Signals:
+    """A folder for the sockets, and a session bus of its own."""
+
+    def __init__(self, build):
+        self.program = f"{build}/benchmarks/hmi_signal_"
+        self.temporary = tempfile.TemporaryDirectory()
+        self.address = f"{self.temporary.name}/signals"
+        bus = f"unix:path={self.temporary.name}/bus"
+        self.bus = subprocess.Popen(["dbus-daemon", "--session", "--nofork", "--print-address", f"--address={bus}"],
+                                    stdout=subprocess.PIPE)
+        self.environment = dict(os.environ, DBUS_SESSION_BUS_ADDRESS=self.bus.stdout.readline().decode().strip())
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.bus.terminate()
+        self.bus.wait()
+
+    def run(self, reader, pace, count, *options, program="reader", values=1):
+        """What the reader printed, as a dictionary, and what the writer did."""
+        writer = subprocess.Popen(
+            [self.program + "writer", READERS.get(reader, "socket"), pace, self.address, str(count)],
+            env=self.environment, stdout=subprocess.PIPE)
+        writer.stdout.readline()
+        values = count if pace != "reconnect" else values
+        done = subprocess.run([self.program + program, reader, pace, self.address, str(values), *options],
+                              env=self.environment, stdout=subprocess.PIPE, stderr=subprocess.PIPE, timeout=20)
+        if done.returncode:
+            writer.kill()
+            sys.exit(f"The {reader} reader failed:\n{done.stderr.decode()}")
+        written = writer.communicate(timeout=10)[0]
+        return {key: float(value) for key, value in map(str.split, done.stdout.decode().splitlines())}, written
+
+    def rounds(self, count, paces, values):
+        """Medians of so many rounds of every reader and pace, as pace/reader/what."""
+        results = {}
+        for _ in range(count):
+            for pace in paces:
+                for reader in READERS:
+                    for what, value in self.run(reader, pace, values(reader))[0].items():
+                        results.setdefault(f"{pace}/{reader}/{what}", []).append(value)
+        return {key: statistics.median(values) for key, values in results.items()}
+
+    def allocations(self, reader, pace, count):
+        return self.run(reader, pace, count, program="allocations")[0]["allocations"]
+
+    def reconnection(self):
+        """The longest of several, in milliseconds."""
+        written = self.run("many", "reconnect", RECONNECTIONS)[1]
+        times = [float(word) for word in written.split()]
+        assert len(times) == RECONNECTIONS
+        return max(times)
+
+
+def signal_times(build):
+    with Signals(build) as signals:
+        times = signals.rounds(FLOOD_ROUNDS, ("single", "batches"), lambda reader: VALUES.get(reader, DEFAULT_VALUES))
+        times.update(signals.rounds(PACED_ROUNDS, ("paced",), lambda _: PACED_VALUES))
+        for reader in ("socket", "proxies"):
+            gaps = signals.run(reader, "batches", TIMER_VALUES, "timer")[0]
+            times.update((f"timer/{reader}/{what}", gaps[what]) for what in ("gap", "medianGap"))
+            times[f"batches/{reader}/allocations"] = signals.allocations(reader, "batches", DEFAULT_VALUES)
+            times[f"paced/{reader}/allocations"] = signals.allocations(reader, "paced", PACED_VALUES)
+        times["growth"] = signals.run("proxies", "batches", MANY_VALUES)[0]["memory"]
+        times["reconnection"] = signals.reconnection()
+    return times

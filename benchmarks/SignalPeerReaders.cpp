@@ -1,7 +1,7 @@
 #include <QCoreApplication>
 #include <QDBusConnection>
-#include <QDBusInterface>
-#include <QDBusReply>
+#include <QDBusMessage>
+#include <QTimer>
 #include <grpcpp/grpcpp.h>
 
 #include "Require.h"
@@ -59,7 +59,8 @@ void readByDBus(const std::string&, SignalTally& aTally)
                                                   QString::fromLatin1(SignalBusName), QStringLiteral("value"),
                                                   &receiver, SLOT(take(QString, QByteArray, int))),
             "connecting to the signal");
-    call(QStringLiteral("start"));
+    // Qt holds back what comes in before the event loop runs, and hands it out late.
+    QTimer::singleShot(0, &receiver, [] { call(QStringLiteral("start")); });
     QCoreApplication::exec();
     call(QStringLiteral("quit"));
 }

@@ -20,7 +20,8 @@ public:
     {
         for (int number = 0; number < SignalBatch; ++number)
             mBytes += signalFrame(signalResponse(number, 0));
-        require(mBytes.size() == mFrameSize * SignalBatch && mBytes.size() <= 65536, "having frames of one size");
+        require(mBytes.size() == mFrameSize * SignalBatch && mBytes.size() <= 65536,
+                "having frames of one size");
     }
 
     void setValue(int aIndex, double aValue)

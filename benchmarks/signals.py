@@ -7,16 +7,16 @@ import tempfile
 
 # reader -> the transport of its writer
 READERS = {"read": "socket", "socket": "socket", "proxies": "socket", "qml": "socket", "dbus": "dbus", "grpc": "grpc"}
-# Values of a flood: about half a second each.
+# Values of a flood: up to a second each.
 VALUES = {"dbus": 20000, "grpc": 100000}
-DEFAULT_VALUES = 500000
+DEFAULT_VALUES = 300000
 MANY_VALUES = 10000000
 FLOOD_ROUNDS = 5
 PACED_ROUNDS = 5
 PACED_VALUES = 1000
 # About three seconds each.
 TIMER_VALUES = {"socket": 40000000, "proxies": 14000000, "qml": 2500000}
-RECONNECTIONS = 7
+RECONNECTIONS = 6
 
 
 class Signals:

@@ -177,7 +177,7 @@ def print_signals(build):
     for reader, name, limit in (("proxies", "slot", SIGNAL_GAP_LIMIT), ("qml", "QML", None),
                                 ("socket", "QLocalSocket", None)):
         for what, label, most in (("gap", "longest", limit), ("medianGap", "median", None)):
-            print_single(f"signals, flood: {label} gap of a 1 ms timer, {name}", times[f"timer/{reader}/{what}"] / 1e6,
+            print_single(f"signals, flood: {label} gap of 1 ms timer, {name}", times[f"timer/{reader}/{what}"] / 1e6,
                          "ms", most)
     for pace, label in (("batches", "flood"), ("paced", "paced")):
         for reader, name, limit in (("proxies", "slot", SIGNAL_ALLOCATIONS_LIMIT), ("qml", "QML", None),

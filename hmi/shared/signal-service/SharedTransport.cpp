@@ -11,7 +11,7 @@ using ::SignalService::TransportProxy;
 static std::shared_ptr<TransportProxy> makeTransport()
 {
     const QString path = HmiSharedConfigs::instance()->getSignalServicePath();
-    return {new TransportProxy(path), [](TransportProxy* aTransport) { aTransport->deleteLater(); }};
+    return {new TransportProxy(path), [](TransportProxy* aTransport) { aTransport->DeleteWhenIdle(); }};
 }
 
 std::shared_ptr<TransportProxy> sharedTransport()

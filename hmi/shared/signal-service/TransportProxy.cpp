@@ -1,7 +1,6 @@
 #include <hmi/shared/signal-service/TransportProxy.h>
 
 #include <QAbstractEventDispatcher>
-#include <QScopedValueRollback>
 #include <utility>
 
 #include <hmi/shared/application/LoggingCategory.h>
@@ -17,7 +16,7 @@ using Hmi::Shared::hmiShared;
 static constexpr int ReconnectInterval = 1000; ///< milliseconds
 
 /** How long values are handed out before the event loop gets its turn, in milliseconds. */
-static constexpr qint64 ReadingTime = 5;
+static constexpr qint64 ReadingTime = 2;
 
 /** What waits in the process to be handed out, and to be sent, in bytes. */
 static constexpr qint64 ReadBufferSize = 65536;
@@ -44,7 +43,20 @@ TransportProxy::TransportProxy(const QString& aSocketPath, QObject* aParent) :
 
 TransportProxy::~TransportProxy() { mSocket.disconnect(this); }
 
-void TransportProxy::connectToService() { mSocket.connectToServer(mSocketPath, QIODevice::ReadWrite); }
+void TransportProxy::DeleteWhenIdle()
+{
+    mObsolete = true;
+    if (mBusy == 0)
+        deleteLater();
+}
+
+/** A service that takes no more clients would keep Qt trying without a pause. */
+void TransportProxy::connectToService()
+{
+    mSocket.connectToServer(mSocketPath, QIODevice::ReadWrite);
+    if (mSocket.state() == QLocalSocket::ConnectingState)
+        mSocket.abort();
+}
 
 void TransportProxy::OnTimeout()
 {
@@ -62,6 +74,7 @@ void TransportProxy::OnSocketStateChanged(QLocalSocket::LocalSocketState a_state
                   qUtf8Printable(mSocketPath), qUtf8Printable(mSocket.errorString()));
     mConnected = false;
     mReconnect.start();
+    const Busy busy(*this);
     emit ConnectedChanged(false);
 }
 
@@ -72,6 +85,7 @@ void TransportProxy::OnSocketConnected()
     mReconnect.stop();
     if (std::exchange(mLossTold, false))
         qCInfo(hmiShared, "The signal service at '%s' is connected.", qUtf8Printable(mSocketPath));
+    const Busy busy(*this);
     repeatRequests();
     if (mConnected)
         emit ConnectedChanged(true);
@@ -96,11 +110,11 @@ void TransportProxy::disconnectAfterError(const char* aMessage)
 
 void TransportProxy::OnReadyRead()
 {
-    Reading result = Reading::Failed;
-    {
-        const QScopedValueRollback<int> depth(mReadingDepth, mReadingDepth + 1);
-        result = readFrames();
-    }
+    // A second turn in one round of the event loop would be time taken from everyone else.
+    if (mContinuing)
+        return;
+    const Busy busy(*this);
+    const Reading result = readFrames();
     if (result == Reading::Failed)
         disconnectAfterError("Signal Service read error, disconnecting");
     else if (result == Reading::MoreLater && !std::exchange(mContinuing, true))
@@ -134,7 +148,7 @@ void TransportProxy::continueReading()
 /** Qt does not tell of new data within readyRead(), where a slot that waits for it may be. */
 void TransportProxy::onAboutToBlock()
 {
-    if (mReadingDepth > 0 && mConnected && mFrames.hasPending())
+    if (mBusy > 0 && mConnected && mFrames.hasPending())
         OnReadyRead();
 }
 
@@ -182,7 +196,8 @@ bool TransportProxy::RequestValue(RxSignalProxy& aReader)
 void TransportProxy::RegisterWriter(TxSignalProxy& aWriter)
 {
     mDispatcher.writers.insert(aWriter.GetPathBytes(), aWriter);
-    AnnounceWriter(aWriter);
+    if (fits(REQUEST_ANNOUNCE_WRITER, aWriter.GetPathBytes()))
+        AnnounceWriter(aWriter);
 }
 
 void TransportProxy::UnregisterWriter(TxSignalProxy& aWriter)
@@ -195,12 +210,23 @@ TransportProxy::SendResult TransportProxy::AnnounceWriter(const TxSignalProxy& a
     return send(REQUEST_ANNOUNCE_WRITER, aWriter.GetPathBytes());
 }
 
+static void warnOfSize(const RequestMessage& aRequest)
+{
+    qCWarning(hmiShared,
+              "The signal service cannot be asked about '%s': that takes %zu bytes, and a message has "
+              "at most %d. Shorten the path or the value.",
+              aRequest.path().c_str(), aRequest.ByteSizeLong(), MaximumMessageSize);
+}
+
 TransportProxy::SendResult TransportProxy::PutValue(const TxSignalProxy& aWriter, const DataBuffer& aValue)
 {
     compose(REQUEST_PUT_VALUE, aWriter.GetPathBytes());
     const QByteArray& bytes = aValue.getBytes();
     mRequest->set_value(bytes.constData(), static_cast<std::size_t>(bytes.size()));
-    return sendComposed();
+    const SendResult result = sendComposed();
+    if (result == SendResult::TooLarge)
+        warnOfSize(*mRequest);
+    return result;
 }
 
 TransportProxy::SendResult TransportProxy::RequestActive() { return send(REQUEST_ACTIVE); }
@@ -214,14 +240,6 @@ const RequestMessage& TransportProxy::compose(int aRequestType, const std::strin
     if (!aPath.empty())
         mRequest->set_path(aPath);
     return *mRequest;
-}
-
-static void warnOfSize(const RequestMessage& aRequest)
-{
-    qCWarning(hmiShared,
-              "The signal service cannot be asked about '%s': that takes %zu bytes, and a message has "
-              "at most %d. Shorten the path or the value.",
-              aRequest.path().c_str(), aRequest.ByteSizeLong(), MaximumMessageSize);
 }
 
 bool TransportProxy::fits(int aRequestType, const std::string& aPath)
@@ -243,10 +261,8 @@ TransportProxy::SendResult TransportProxy::sendComposed()
     if (mSocket.state() != QLocalSocket::ConnectedState)
         return SendResult::NotConnected;
     const std::size_t size = mRequest->ByteSizeLong();
-    if (size > MaximumMessageSize) {
-        warnOfSize(*mRequest);
+    if (size > MaximumMessageSize)
         return SendResult::TooLarge;
-    }
     char frame[MaximumMessageSize + 1];
     frame[0] = static_cast<char>(size);
     const auto frameSize = static_cast<qint64>(size) + 1;

@@ -25,12 +25,12 @@ class TxSignalProxy;
  * service is away, one info that it is back.
  *
  * Errors of reading (a message that stays incomplete for 250 ms, or is none) and of writing (a service that
- * does not read any more) end the connection. Values may arrive at any rate: after at most 5 ms of handing
+ * does not read any more) end the connection. Values may arrive at any rate: after at most 2 ms of handing
  * out, the event loop gets its turn, and what waits in the socket stays there. A slot may wait in a nested
  * event loop for further responses.
  *
  * It lives in the main thread and outlives no QCoreApplication. It must not be destroyed from inside a slot
- * that it called; deleteLater() is right there.
+ * that it called; DeleteWhenIdle() is right there.
  */
 class Q_DECL_EXPORT TransportProxy : public QObject
 {
@@ -40,7 +40,7 @@ public:
     enum class SendResult {
         Sent,
         NotConnected,
-        TooLarge, ///< more than 255 bytes; a warning names the path
+        TooLarge, ///< more than 255 bytes
         Failed    ///< the connection was ended
     };
 
@@ -50,6 +50,9 @@ public:
     /** Connects at once, or, where no service listens yet, as soon as one does. */
     explicit TransportProxy(const QString& aSocketPath = DefaultSocketPath(), QObject* aParent = nullptr);
     ~TransportProxy() override;
+
+    /** As deleteLater(), also from within its slots and the event loops that they run. */
+    void DeleteWhenIdle();
 
     bool IsConnected() const { return mConnected; }
     QString GetSocketPath() const { return mSocketPath; }
@@ -85,6 +88,22 @@ signals:
     void TxSignalAdded(const QString& a_path);
 
 private:
+    /** Slots are being called: this object may not be destroyed. */
+    class Busy
+    {
+    public:
+        explicit Busy(TransportProxy& aTransport) : mTransport(aTransport) { ++mTransport.mBusy; }
+        ~Busy()
+        {
+            if (--mTransport.mBusy == 0 && mTransport.mObsolete)
+                mTransport.deleteLater();
+        }
+        Q_DISABLE_COPY(Busy)
+
+    private:
+        TransportProxy& mTransport;
+    };
+
     enum class Reading { Done, MoreLater, Failed };
 
     void connectToService();
@@ -107,7 +126,8 @@ private:
     bool mConnected = false;
     bool mLossTold = false;
     bool mContinuing = false; ///< continueReading() is on its way
-    int mReadingDepth = 0;    ///< above 1 in the event loop of a slot
+    bool mObsolete = false;
+    int mBusy = 0; ///< calls of slots under way, above 1 in the event loop of one
 };
 
 } // namespace SignalService

@@ -64,7 +64,7 @@ TEST_F(SignalRequests, AreRefusedWhereAMessageCannotHoldThem)
     EXPECT_TRUE(fits.RequestUpdates());
     EXPECT_EQ(asked(), "2 " + longest.toStdString());
     const QByteArray longer(251, 'p');
-    for (int refusal = 0; refusal < 4; ++refusal)
+    for (int refusal = 0; refusal < 3; ++refusal)
         expectTooLong(longer, 256);
     RxSignalProxy tooLong(*transport, text(longer));
     EXPECT_FALSE(tooLong.RequestUpdates());

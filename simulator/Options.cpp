@@ -1,0 +1,92 @@
+#include <simulator/Options.h>
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+
+#include <hmi/shared/signal-service/TransportProxy.h>
+#include <simulator/Console.h>
+
+namespace Hmi::Simulator {
+
+static const QString sSignalService = QStringLiteral("signal-service");
+static const QString sPermissions = QStringLiteral("permissions");
+static const QString sScenario = QStringLiteral("scenario");
+static const QString sRecord = QStringLiteral("record");
+static const QString sUpstream = QStringLiteral("upstream");
+static const QString sNoCommands = QStringLiteral("no-commands");
+
+static void describe(QCommandLineParser& aParser)
+{
+    const QString file = QStringLiteral("FILE");
+    const QString path = QStringLiteral("PATH");
+    aParser.setApplicationDescription(QStringLiteral(
+        "Stands in for the platform's services, so that a whole head unit runs on a desk.\nIt takes commands "
+        "on "
+        "standard input; 'help' lists them. It ends with 'quit', with the end of the input, or on SIGTERM."));
+    aParser.addHelpOption();
+    aParser.addVersionOption();
+    aParser.addOptions(
+        {{sSignalService, QStringLiteral("Socket of the vehicle signal service."), path,
+          ::SignalService::TransportProxy::DefaultSocketPath()},
+         {sPermissions, QStringLiteral("Permissions of the socket."), QStringLiteral("OCTAL"),
+          QStringLiteral("0660")},
+         {sScenario, QStringLiteral("Plays the signals of a scenario."), file},
+         {sRecord, QStringLiteral("Records every value, and writes a scenario at the end."), file},
+         {sUpstream, QStringLiteral("Passes on the signals of the service at another socket."), path},
+         {sNoCommands, QStringLiteral("Leaves standard input alone, as in the background.")}});
+}
+
+static std::optional<Options> fail(const QString& aMessage)
+{
+    Console::printError(aMessage + QStringLiteral(" See --help."));
+    return std::nullopt;
+}
+
+static bool isSameFile(const QString& aOne, const QString& aOther)
+{
+    const auto clean = [](const QString& aPath) {
+        return QDir::cleanPath(QFileInfo(aPath).absoluteFilePath());
+    };
+    return clean(aOne) == clean(aOther);
+}
+
+static std::optional<Options> read(const QCommandLineParser& aParser)
+{
+    Options options;
+    bool isOctal = false;
+    options.permissions = aParser.value(sPermissions).toUInt(&isOctal, 8);
+    if (!isOctal || options.permissions > 0777)
+        return fail(QStringLiteral("--permissions takes octal digits up to 0777, not '%1'.")
+                        .arg(aParser.value(sPermissions)));
+    options.signalService = aParser.value(sSignalService);
+    options.scenario = aParser.value(sScenario);
+    options.record = aParser.value(sRecord);
+    options.upstream = aParser.value(sUpstream);
+    options.commands = !aParser.isSet(sNoCommands);
+    if (options.signalService.isEmpty())
+        return fail(QStringLiteral("--signal-service takes the path of a socket."));
+    if (!options.upstream.isEmpty() && isSameFile(options.upstream, options.signalService))
+        return fail(QStringLiteral("--upstream is to be another socket than '%1', at which this service "
+                                   "listens itself.")
+                        .arg(options.signalService));
+    return options;
+}
+
+std::optional<Options> Options::parse(const QStringList& aArguments)
+{
+    QCommandLineParser parser;
+    describe(parser);
+    if (!parser.parse(aArguments))
+        return fail(parser.errorText() + QLatin1Char('.'));
+    if (!parser.positionalArguments().isEmpty())
+        return fail(QStringLiteral("'%1' is no option.").arg(parser.positionalArguments().first()));
+    if (parser.isSet(QStringLiteral("version")))
+        parser.showVersion();
+    if (parser.isSet(QStringLiteral("help")))
+        parser.showHelp();
+    return read(parser);
+}
+
+} // namespace Hmi::Simulator

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <optional>
+
+namespace Hmi::Simulator {
+
+/** The command line. Empty texts: not wanted. */
+struct Options
+{
+    /**
+     * Nothing, after one message on standard error, where an option is unknown or its value is none. Help and
+     * version are printed and end the process.
+     */
+    static std::optional<Options> parse(const QStringList& aArguments);
+
+    QString signalService; ///< path of the socket
+    uint permissions = 0;  ///< of the socket, as chmod has them
+    QString scenario;      ///< file to play
+    QString record;        ///< file to write at the end
+    QString upstream;      ///< socket of the service that is passed on
+    bool commands = true;  ///< from standard input
+};
+
+} // namespace Hmi::Simulator

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QObject>
+#include <QTimer>
+
+#include <simulator/signal-service/Scenario.h>
+
+namespace Hmi::Simulator {
+
+/**
+ * Plays a scenario into the table. Each step has its time on a monotonic clock from the beginning, so what is
+ * late delays nothing after it; what was missed is made up for.
+ */
+class ScenarioPlayer : public QObject
+{
+    Q_OBJECT
+
+public:
+    /** The table outlives it, and has the scenario's signals from now on. */
+    ScenarioPlayer(SignalTable& aTable, const Scenario& aScenario, QObject* aParent = nullptr);
+
+    void start();
+
+signals:
+    /** After the last step of a scenario that does not loop. */
+    void ended();
+
+private:
+    /** Of the next step, in microseconds of the clock. */
+    qint64 getDue() const;
+    void playDue();
+
+    SignalTable& mTable;
+    const Scenario mScenario;
+    QElapsedTimer mClock;
+    QTimer mTimer;
+    std::size_t mNext = 0;
+    qint64 mPassStart = 0; ///< microseconds of the clock
+};
+
+} // namespace Hmi::Simulator

@@ -28,9 +28,10 @@ static void describe(QCommandLineParser& aParser)
     aParser.addHelpOption();
     aParser.addVersionOption();
     aParser.addOptions(
-        {{sSignalService, QStringLiteral("Socket of the vehicle signal service."), path,
+        {{sSignalService,
+          QStringLiteral("Socket of the vehicle signal service (default: /var/run/signal_service)."), path,
           ::SignalService::TransportProxy::DefaultSocketPath()},
-         {sPermissions, QStringLiteral("Permissions of the socket."), QStringLiteral("OCTAL"),
+         {sPermissions, QStringLiteral("Permissions of the socket (default: 0660)."), QStringLiteral("OCTAL"),
           QStringLiteral("0660")},
          {sScenario, QStringLiteral("Plays the signals of a scenario."), file},
          {sRecord, QStringLiteral("Records every value, and writes a scenario at the end."), file},

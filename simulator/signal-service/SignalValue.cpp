@@ -159,6 +159,9 @@ std::optional<SignalValue> SignalValue::fromJson(const QJsonValue& aJson, Signal
 
 static QString wordOf(double aValue)
 {
+    // Qt writes it without its sign.
+    if (aValue == 0 && std::signbit(aValue))
+        return QStringLiteral("-0.0");
     const QString digits = QString::number(aValue, 'g', QLocale::FloatingPointShortest);
     // Without a fraction it would read as a whole number.
     const bool isWhole = std::none_of(digits.begin(), digits.end(),

@@ -41,13 +41,14 @@ public:
     /** Whether this line comes, after those that were waited for before. */
     bool says(const QByteArray& aLine)
     {
-        return waitUntil([&] {
+        int found = -1;
+        const bool said = waitUntil([&] {
             mLines += mProcess.readAllStandardOutput();
-            const int found = ('\n' + mLines).indexOf('\n' + aLine + '\n');
-            if (found >= 0)
-                mLines.remove(0, found + aLine.size() + 1);
+            found = ('\n' + mLines).indexOf('\n' + aLine + '\n');
             return found >= 0;
         });
+        mLines.remove(0, said ? found + aLine.size() + 1 : 0);
+        return said;
     }
     bool answers(const QByteArray& aCommand, const QByteArray& aLine)
     {

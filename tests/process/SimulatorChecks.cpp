@@ -1,4 +1,5 @@
 #include "ChildProcess.h"
+#include "Simulator.h"
 
 #include <QElapsedTimer>
 #include <QFileInfo>
@@ -19,55 +20,6 @@ using HmiTest::waitUntil;
 namespace {
 
 const QString sProgram = QStringLiteral(HMI_SIMULATOR);
-
-/** The simulator as a child that the check commands. */
-class Simulator
-{
-public:
-    Simulator(const QString& aSocket, const QStringList& aArguments = {}, const QString& aInput = {}) :
-        mSocket(aSocket)
-    {
-        mProcess.setStandardInputFile(aInput);
-        mProcess.start(sProgram, QStringList{QStringLiteral("--signal-service"), aSocket} + aArguments);
-        EXPECT_TRUE(says("listening " + aSocket.toUtf8()));
-    }
-    ~Simulator()
-    {
-        mProcess.kill();
-        mProcess.waitForFinished();
-    }
-
-    void command(const QByteArray& aLine) { mProcess.write(aLine + '\n'); }
-    /** Whether this line comes, after those that were waited for before. */
-    bool says(const QByteArray& aLine)
-    {
-        int found = -1;
-        const bool said = waitUntil([&] {
-            mLines += mProcess.readAllStandardOutput();
-            found = ('\n' + mLines).indexOf('\n' + aLine + '\n');
-            return found >= 0;
-        });
-        mLines.remove(0, said ? found + aLine.size() + 1 : 0);
-        return said;
-    }
-    bool answers(const QByteArray& aCommand, const QByteArray& aLine)
-    {
-        command(aCommand);
-        return says(aLine);
-    }
-    bool ends()
-    {
-        return waitUntil([&] { return mProcess.state() == QProcess::NotRunning; }) &&
-               mProcess.exitStatus() == QProcess::NormalExit && mProcess.exitCode() == 0 &&
-               !QFileInfo::exists(mSocket);
-    }
-    QProcess& getProcess() { return mProcess; }
-
-private:
-    const QString mSocket;
-    QProcess mProcess;
-    QByteArray mLines;
-};
 
 /** One subscription of a head unit, with what it was told. */
 struct Reader

@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QLoggingCategory>
+#include <algorithm>
 #include <array>
 #include <google/protobuf/io/coded_stream.h>
 #include <google/protobuf/wire_format_lite.h>
@@ -107,8 +108,8 @@ public:
     {
         QObject::connect(
             &mDispatcher, &ResponseDispatcher::activeChanged, &mDispatcher, [this](bool aActive) {
-                delivered({1}, std::string());
-                require(aActive == mNow->response.active(), "the service is as active as it says");
+                delivered({1}, std::string(),
+                          [=](const ResponseMessage& aSaid) { return aSaid.active() == aActive; });
             });
         QObject::connect(&mDispatcher, &ResponseDispatcher::rxSignalAdded, &mDispatcher,
                          [this](const QString& aPath) { added(6, aPath); });
@@ -146,14 +147,16 @@ private:
             return;
         const std::vector<char> message = takeMessage();
         const Decoded decoded(std::string(message.begin(), message.end()));
-        const Decoded* const outer = std::exchange(mNow, &decoded);
-        const int expected = mDeliveries + countReceivers(decoded);
+        // Counting walks the tables, which is a delivery's work to finish when it happens within one.
+        const int expected = mInHand.empty() ? mDeliveries + countReceivers(decoded) : 0;
         const int actions = mActions;
+        mInHand.push_back(&decoded);
         require(mDispatcher.dispatch(message.data(), static_cast<int>(message.size())) == decoded.valid,
                 "what is no message is refused, and nothing else");
+        mInHand.pop_back();
         // With changes from inside slots only the single deliveries are checked.
-        require(mActions != actions || mDeliveries == expected, "everyone concerned is told, once");
-        mNow = outer;
+        require(!mInHand.empty() || mActions != actions || mDeliveries == expected,
+                "everyone concerned is told, once");
     }
 
     int countReceivers(const Decoded& aDecoded)
@@ -174,31 +177,38 @@ private:
         return count + (aDecoded.kind == 1 || aDecoded.kind >= 6 ? 1 : 0);
     }
 
-    /** Every delivery comes by here: it has to be what the message in hand is about. */
-    void delivered(std::initializer_list<int> aKinds, const std::string& aPath)
+    /** Every delivery comes by here: it has to be what a message in hand says, as one within another has two.
+     */
+    template <class Says>
+    void delivered(std::initializer_list<int> aKinds, const std::string& aPath, Says aSays)
     {
         ++mDeliveries;
-        require(mNow && mNow->isComplete(), "a message that lacks a field, or is of no kind, tells nothing");
-        require(std::find(aKinds.begin(), aKinds.end(), mNow->kind) != aKinds.end(),
-                "kinds are not mixed up");
-        require(mNow->kind == 1 || mNow->response.path() == aPath, "only the path's proxies are told");
+        const auto isSource = [&](const Decoded* aMessage) {
+            return aMessage->isComplete() &&
+                   std::find(aKinds.begin(), aKinds.end(), aMessage->kind) != aKinds.end() &&
+                   (aMessage->kind == 1 || aMessage->response.path() == aPath) && aSays(aMessage->response);
+        };
+        require(std::any_of(mInHand.begin(), mInHand.end(), isSource),
+                "only what a complete message of a known kind says is told, to the proxies of its path");
     }
 
     void added(int aKind, const QString& aPath)
     {
-        delivered({aKind}, mNow->response.path());
-        require(aPath == QString::fromStdString(mNow->response.path()), "the path that was added is told");
+        const auto says = [&](const ResponseMessage& aSaid) {
+            return QString::fromStdString(aSaid.path()) == aPath;
+        };
+        delivered({aKind}, mInHand.back()->response.path(), says);
         act();
     }
 
     void valueUpdated(std::size_t aIndex, const QVariant& aValue, int aStatus)
     {
-        delivered({2}, pathOf(aIndex));
+        const auto bytes = aValue.value<DataBuffer>().getBytes();
+        delivered({2}, pathOf(aIndex), [&](const ResponseMessage& aSaid) {
+            return aSaid.value() == bytes.toStdString() && aSaid.status() == aStatus;
+        });
         Reader& reader = mReaders.at(aIndex);
         require(reader.subscribed || reader.requested-- > 0, "only who asked is told a value");
-        const auto bytes = aValue.value<DataBuffer>().getBytes();
-        require(bytes.toStdString() == mNow->response.value(), "a value is what was sent");
-        require(aStatus == mNow->response.status(), "a value's status is what was sent");
         bool isInt = false;
         bool isDouble = false;
         aValue.toInt(&isInt);
@@ -209,15 +219,16 @@ private:
 
     void textReceived(std::initializer_list<int> aKinds, std::size_t aIndex, const QString& aText)
     {
-        delivered(aKinds, pathOf(aIndex));
-        require(aText == QString::fromStdString(mNow->response.text()), "a text is what was sent");
+        delivered(aKinds, pathOf(aIndex), [&](const ResponseMessage& aSaid) {
+            return QString::fromStdString(aSaid.text()) == aText;
+        });
         act();
     }
 
     void putResult(std::size_t aIndex, int aStatus)
     {
-        delivered({3}, pathOf(aIndex));
-        require(aStatus == mNow->response.status(), "a result is what was sent");
+        delivered({3}, pathOf(aIndex),
+                  [=](const ResponseMessage& aSaid) { return aSaid.status() == aStatus; });
         act();
     }
 
@@ -329,7 +340,7 @@ private:
     ResponseDispatcher mDispatcher;
     std::array<Reader, ReaderCount> mReaders;
     std::array<std::unique_ptr<TxSignalProxy>, WriterCount> mWriters;
-    const Decoded* mNow = nullptr;
+    std::vector<const Decoded*> mInHand; ///< the outermost first
     int mDeliveries = 0;
     int mActions = 0;
 };

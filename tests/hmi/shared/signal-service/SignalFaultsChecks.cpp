@@ -1,9 +1,9 @@
 #include <QThread>
 #include <QTimer>
 #include <poll.h>
+#include <sys/socket.h>
 #include <tests/hmi/shared/signal-service/SignalLine.h>
 #include <thread>
-#include <unistd.h>
 
 using SignalService::DataBuffer;
 using SignalService::RxSignalProxy;
@@ -35,7 +35,8 @@ void sendAll(int aLine, const QByteArray& aBytes)
     for (qint64 sent = 0, count = 0; sent < aBytes.size(); sent += std::max<qint64>(count, 0)) {
         if (::poll(&room, 1, 20000) != 1 || (room.revents & (POLLERR | POLLHUP)) != 0)
             return;
-        count = ::write(aLine, aBytes.constData() + sent, static_cast<std::size_t>(aBytes.size() - sent));
+        count = ::send(aLine, aBytes.constData() + sent, static_cast<std::size_t>(aBytes.size() - sent),
+                       MSG_NOSIGNAL);
     }
 }
 
@@ -91,7 +92,7 @@ TEST_F(SignalFaults, OfASlowPeerAreBoundedAsAWhole)
     std::thread drip([line] {
         const QByteArray bytes = QByteArray::fromHex("0408012001");
         for (const char byte : bytes) {
-            if (::write(line, &byte, 1) != 1)
+            if (::send(line, &byte, 1, MSG_NOSIGNAL) != 1)
                 return;
             QThread::msleep(100);
         }

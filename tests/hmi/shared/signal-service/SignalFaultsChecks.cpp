@@ -1,9 +1,13 @@
 #include <QThread>
 #include <QTimer>
+#include <algorithm>
 #include <poll.h>
 #include <sys/socket.h>
+#include <sys/un.h>
 #include <tests/hmi/shared/signal-service/SignalLine.h>
 #include <thread>
+#include <unistd.h>
+#include <vector>
 
 using SignalService::DataBuffer;
 using SignalService::RxSignalProxy;
@@ -39,6 +43,29 @@ void sendAll(int aLine, const QByteArray& aBytes)
                        MSG_NOSIGNAL);
     }
 }
+
+/** A service that listens and takes no more clients. */
+class FullService
+{
+public:
+    explicit FullService(const QString& aPath)
+    {
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        qstrncpy(address.sun_path, qUtf8Printable(aPath), sizeof(address.sun_path));
+        const auto* const name = reinterpret_cast<const sockaddr*>(&address);
+        mSockets.push_back(::socket(AF_UNIX, SOCK_STREAM, 0));
+        EXPECT_TRUE(::bind(mSockets[0], name, sizeof(address)) == 0 && ::listen(mSockets[0], 0) == 0);
+        do {
+            mSockets.push_back(::socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK, 0));
+        } while (::connect(mSockets.back(), name, sizeof(address)) == 0);
+    }
+    ~FullService() { std::for_each(mSockets.begin(), mSockets.end(), &::close); }
+    Q_DISABLE_COPY(FullService)
+
+private:
+    std::vector<int> mSockets;
+};
 
 struct Damage
 {
@@ -222,10 +249,13 @@ TEST_F(SignalFaults, OfAnAbsentServiceAreToldOnceAnOutage)
 {
     peer.stop();
     HmiTest::writeFile(peer.folder, "plain", "x");
+    const QString full = peer.folder.filePath(QStringLiteral("full"));
+    const FullService service(full);
     const QString paths[] = {peer.folder.filePath(QStringLiteral("missing")),
                              peer.folder.path(),
                              QString(),
                              peer.folder.filePath(QStringLiteral("plain")),
+                             full,
                              peer.folder.filePath(QString(200, QLatin1Char('l'))),
                              peer.path()};
     for (const QString& path : paths) {

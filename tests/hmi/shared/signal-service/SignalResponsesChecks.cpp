@@ -227,7 +227,13 @@ TEST_F(SignalResponses, MayEndTheTransport)
     auto two = reader("two", "a");
     TxSignalProxy writer(*transport, QStringLiteral("a"));
     QPointer<TransportProxy> guard(transport.get());
-    QObject::connect(one.get(), &RxSignalProxy::ValueUpdated, [&] { transport.release()->deleteLater(); });
+    QObject::connect(one.get(), &RxSignalProxy::ValueUpdated, [&] {
+        QEventLoop nested;
+        QTimer::singleShot(0, [&] { transport.release()->DeleteWhenIdle(); });
+        QTimer::singleShot(10, &nested, &QEventLoop::quit);
+        nested.exec();
+        EXPECT_TRUE(guard) << "deleted while it calls this";
+    });
     one->RequestUpdates();
     two->RequestUpdates();
     peer.sendBytes(peer.value("a", "1"));

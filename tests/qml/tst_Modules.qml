@@ -32,6 +32,7 @@ TestCase {
 
     function test_recordsAndFacadesCannotBeCreated() {
         for (const [module, name] of [["Hmi.Core", "HmiCoreConfigs"], ["Hmi.Core", "RestrictedModePolicy"],
+                                      ["Hmi.Core", "ObjectListModelBase"], ["hmi.shared", "ErrorReportInfo"],
                                       ["hmi.shared", "HmiSharedConfigs"], ["hmi.shared", "Setting"],
                                       ["hmi.shared", "EnvironmentManager"], ["hmi.shared", "DataManagerReturnTypeQml"]]) {
             let message = "";

@@ -12,6 +12,7 @@
 #include <hmi/core/input/SuggestionsManager.h>
 #include <hmi/core/language/LanguageManager.h>
 #include <hmi/core/language/StringRegistrationManager.h>
+#include <hmi/core/models/ObjectListModelBase.h>
 #include <hmi/core/resources/HandleDefaultsResource.h>
 #include <hmi/core/view/ProcessLauncher.h>
 #include <hmi/core/view/RestrictedModeManager.h>
@@ -40,6 +41,7 @@ static bool registerTypes()
     registerQmlFileSingleton(QUrl(QStringLiteral("qrc:///Hmi/Core/ObjectFactory.qml")), uri, "ObjectFactory");
 
     registerQmlUncreatableType<HmiCoreConfigs>(uri, "HmiCoreConfigs");
+    registerQmlUncreatableType<ObjectListModelBase>(uri, "ObjectListModelBase");
     registerQmlUncreatableType<RestrictedModePolicy>(uri, "RestrictedModePolicy");
     return true;
 }

@@ -15,6 +15,8 @@
 #include <hmi/shared/application/modules/ModuleManager.h>
 #include <hmi/shared/application/modules/PagePrintManager.h>
 #include <hmi/shared/services/EnvironmentManager.h>
+#include <hmi/shared/services/ErrorReportInfo.h>
+#include <hmi/shared/services/ErrorReportModel.h>
 #include <hmi/shared/settings/DataManagerReturnTypeQml.h>
 #include <hmi/shared/settings/DataManagerWrapper.h>
 #include <hmi/shared/settings/Setting.h>
@@ -66,6 +68,7 @@ void registerSharedModule(bool aDataManagerEnabled)
 
     registerQmlType<DateTime>(uri, "DateTime");
     registerQmlType<Distance>(uri, "Distance");
+    registerQmlType<ErrorReportModel>(uri, "ErrorReportModel");
     registerQmlType<MeasurementBase>(uri, "MeasurementBase");
     registerQmlType<NumberPrecision>(uri, "NumberPrecision");
     registerQmlType<SignalService::RxSignalProxy>(uri, "RxSignalProxy");
@@ -77,6 +80,7 @@ void registerSharedModule(bool aDataManagerEnabled)
 
     registerQmlUncreatableType<DataManagerReturnTypeQml>(uri, "DataManagerReturnTypeQml");
     registerQmlUncreatableType<EnvironmentManager>(uri, "EnvironmentManager");
+    registerQmlUncreatableType<ErrorReportInfo>(uri, "ErrorReportInfo");
     registerQmlUncreatableType<HmiSharedConfigs>(uri, "HmiSharedConfigs");
     registerQmlUncreatableType<Setting>(uri, "Setting");
     registerQmlUncreatableType<SettingLocale>(uri, "SettingLocale");

@@ -26,6 +26,7 @@ RATIOS = [
     ("formatDateTime() at an offset / QLocale::toString", "FormatDateTimeAtOffset", "BareLocaleToString", None),
     ("phone number format / libphonenumber", "PhoneNumberFormat", "LibphonenumberFormat", 0.05),
     ("phone number format / bare match of the pattern", "PhoneNumberFormat", "BareNumberMatch", None),
+    ("1000 error reports listed / bare QXmlStreamReader", "ErrorReportListing", "BareReportReading", None),
 ]
 # The same of the settings store.
 SETTINGS_RATIOS = [
@@ -73,6 +74,7 @@ STORES = ("DataManager", "Sqlite", "QSettings", "KConfig", "DConf")
 MANY_SETTINGS = 2000
 WRITES = 100000
 CHANGES = 200
+REPORTS_LIMIT = 300  # milliseconds
 LOG_LINE_LIMIT = 3000  # nanoseconds
 HOST_TIME_LIMIT = 2.0  # milliseconds
 HOST_MEMORY_LIMIT = 400  # kilobytes
@@ -200,6 +202,7 @@ def main():
     print(f"{'measured':52} {'ours':>12} {'peer':>12} {'ratio':>7}")
     print_ratios(times, RATIOS)
     print_single("log line to file", times["LogLine"], "ns", LOG_LINE_LIMIT)
+    print_single("1000 error reports listed", times["ErrorReportListing"] / 1e6, "ms", REPORTS_LIMIT)
     print_settings(build)
     print_signals(build)
 

@@ -124,6 +124,8 @@ bool XmlLoader::load(const QString& aFilePath)
     qint64 line = xml.left(refusal.offset).count('\n') + 1;
     if (refusal.reason.isEmpty()) {
         QXmlStreamReader reader(xml);
+        // Each prefix would be looked for among all the open elements' declarations.
+        reader.setNamespaceProcessing(false);
         readElements(reader);
         refusal.reason = reader.errorString();
         line = reader.lineNumber();

@@ -14,7 +14,7 @@ TestCase {
         "Hmi.Core": "HighlightManager HmiCore KeyboardModelManager LanguageManager ProcessLauncher "
                     + "RestrictedModeManager SuggestionsManager StringRegistrationManager ThemeManager ObjectFactory",
         "hmi.shared": "ActionManager AppManager BackManager DataManager HardwareButtonManager HmiShared MeasurementUnits "
-                      + "ModuleManager PagePrintManager PhoneNumberUtility SettingsManager",
+                      + "ModuleManager PagePrintManager PhoneNumberUtility SettingsManager SystemInformationManager",
         "hmi.asr": "HmiAsr",
         "hmi.navigation": "HmiNavigation",
         "hmi.vehicle": "HmiVehicle"
@@ -34,7 +34,9 @@ TestCase {
         for (const [module, name] of [["Hmi.Core", "HmiCoreConfigs"], ["Hmi.Core", "RestrictedModePolicy"],
                                       ["Hmi.Core", "ObjectListModelBase"], ["hmi.shared", "ErrorReportInfo"],
                                       ["hmi.shared", "HmiSharedConfigs"], ["hmi.shared", "Setting"],
-                                      ["hmi.shared", "EnvironmentManager"], ["hmi.shared", "DataManagerReturnTypeQml"]]) {
+                                      ["hmi.shared", "EnvironmentManager"], ["hmi.shared", "DataManagerReturnTypeQml"],
+                                      ["hmi.shared", "SystemInformationNetwork"],
+                                      ["hmi.shared", "SystemInformationSubmodule"]]) {
             let message = "";
             try {
                 Qt.createQmlObject(`import ${module} 1.0; ${name} {}`, this);

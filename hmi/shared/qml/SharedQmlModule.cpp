@@ -17,6 +17,11 @@
 #include <hmi/shared/services/EnvironmentManager.h>
 #include <hmi/shared/services/ErrorReportInfo.h>
 #include <hmi/shared/services/ErrorReportModel.h>
+#include <hmi/shared/services/EulaReader.h>
+#include <hmi/shared/services/ProductInfo.h>
+#include <hmi/shared/services/SystemInformationManager.h>
+#include <hmi/shared/services/SystemInformationNetwork.h>
+#include <hmi/shared/services/SystemInformationSubmodule.h>
 #include <hmi/shared/settings/DataManagerReturnTypeQml.h>
 #include <hmi/shared/settings/DataManagerWrapper.h>
 #include <hmi/shared/settings/Setting.h>
@@ -65,12 +70,15 @@ void registerSharedModule(bool aDataManagerEnabled)
     registerQmlSingleton<PagePrintManager>(uri, "PagePrintManager");
     registerQmlSingleton<PhoneNumberUtility>(uri, "PhoneNumberUtility");
     registerQmlSingleton<SettingsManager>(uri, "SettingsManager");
+    registerQmlSingleton<SystemInformationManager>(uri, "SystemInformationManager");
 
     registerQmlType<DateTime>(uri, "DateTime");
     registerQmlType<Distance>(uri, "Distance");
     registerQmlType<ErrorReportModel>(uri, "ErrorReportModel");
+    registerQmlType<EulaReader>(uri, "EulaReader");
     registerQmlType<MeasurementBase>(uri, "MeasurementBase");
     registerQmlType<NumberPrecision>(uri, "NumberPrecision");
+    registerQmlType<ProductInfo>(uri, "ProductInfo");
     registerQmlType<SignalService::RxSignalProxy>(uri, "RxSignalProxy");
     registerQmlType<Speed>(uri, "Speed");
     registerQmlType<TimeDuration>(uri, "TimeDuration");
@@ -84,6 +92,8 @@ void registerSharedModule(bool aDataManagerEnabled)
     registerQmlUncreatableType<HmiSharedConfigs>(uri, "HmiSharedConfigs");
     registerQmlUncreatableType<Setting>(uri, "Setting");
     registerQmlUncreatableType<SettingLocale>(uri, "SettingLocale");
+    registerQmlUncreatableType<SystemInformationNetwork>(uri, "SystemInformationNetwork");
+    registerQmlUncreatableType<SystemInformationSubmodule>(uri, "SystemInformationSubmodule");
 }
 
 void registerAsrModule() { registerQmlSingleton<HmiAsr>("hmi.asr", "HmiAsr"); }

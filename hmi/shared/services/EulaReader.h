@@ -7,8 +7,7 @@ namespace Hmi::Shared {
 
 /**
  * Reads the licence agreement or the copyrights document in the language of the HMI. QML creates it as
- * EulaReader. Main thread only; loading is done when the call returns, for
- * 20 MB some 50 ms on a desk.
+ * EulaReader. Main thread only; loading is done when the call returns, 20 MB take some 50 ms on a desk.
  *
  * The documents are UTF-8 files in one folder, "HmiShared/EulaPath" of the configuration: "eula-en_US.htm",
  * "copyrights-en_US.htm" and so on, or "eula.htm" for a document of no language. Bytes that are no UTF-8 show

@@ -2,7 +2,7 @@
 
 namespace UpdateManager {
 
-static constexpr int CallTimeout = 2000; ///< milliseconds
+static constexpr int CallTimeout = 5000; ///< milliseconds
 
 UpdateManagerClient::UpdateManagerClient(const QDBusConnection& aConnection, QObject* aParent) :
     ComKorvexUpdateManagerInterface(QStringLiteral("com.korvex.UpdateManager"),

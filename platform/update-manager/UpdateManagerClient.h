@@ -9,7 +9,7 @@ namespace UpdateManager {
 /**
  * The update service on the bus: its methods are calls that return at once with a pending reply, its signals
  * arrive while its name has an owner, and from nobody but that owner. The service may come and go. Calls give
- * up after two seconds. Main thread only.
+ * up after five seconds. Main thread only.
  */
 class Q_DECL_EXPORT UpdateManagerClient : public ComKorvexUpdateManagerInterface
 {

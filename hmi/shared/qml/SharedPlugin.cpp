@@ -14,7 +14,8 @@ public:
     void registerTypes(const char*) override
     {
         Hmi::Shared::registerSharedModule(
-            Hmi::Core::readPluginHostSwitch(QStringLiteral("HmiShared/DataManagerEnabled")));
+            Hmi::Core::readPluginHostSwitch(QStringLiteral("HmiShared/DataManagerEnabled")),
+            Hmi::Core::readPluginHostSwitch(QStringLiteral("HmiShared/SystemUpdateEnabled")));
     }
 
     void initializeEngine(QQmlEngine*, const char*) override

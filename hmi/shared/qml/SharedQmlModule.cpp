@@ -18,10 +18,16 @@
 #include <hmi/shared/services/ErrorReportInfo.h>
 #include <hmi/shared/services/ErrorReportModel.h>
 #include <hmi/shared/services/EulaReader.h>
+#include <hmi/shared/services/NotificationListModel.h>
+#include <hmi/shared/services/NotificationManagerWrapperQml.h>
+#include <hmi/shared/services/NotificationModel.h>
 #include <hmi/shared/services/ProductInfo.h>
 #include <hmi/shared/services/SystemInformationManager.h>
 #include <hmi/shared/services/SystemInformationNetwork.h>
 #include <hmi/shared/services/SystemInformationSubmodule.h>
+#include <hmi/shared/services/SystemUpdateManager.h>
+#include <hmi/shared/services/TaskStatusReceiverInstallation.h>
+#include <hmi/shared/services/TaskStatusReceiverPermissions.h>
 #include <hmi/shared/settings/DataManagerReturnTypeQml.h>
 #include <hmi/shared/settings/DataManagerWrapper.h>
 #include <hmi/shared/settings/Setting.h>
@@ -55,7 +61,7 @@ void registerResources() { initializeResourceCollection(); }
 
 void unregisterResources() { cleanUpResourceCollection(); }
 
-void registerSharedModule(bool aDataManagerEnabled)
+void registerSharedModule(bool aDataManagerEnabled, bool aSystemUpdateEnabled)
 {
     const char* uri = "hmi.shared";
     registerQmlSingleton<ActionManager>(uri, "ActionManager");
@@ -71,16 +77,23 @@ void registerSharedModule(bool aDataManagerEnabled)
     registerQmlSingleton<PhoneNumberUtility>(uri, "PhoneNumberUtility");
     registerQmlSingleton<SettingsManager>(uri, "SettingsManager");
     registerQmlSingleton<SystemInformationManager>(uri, "SystemInformationManager");
+    if (aSystemUpdateEnabled)
+        registerQmlSingleton<SystemUpdateManager>(uri, "SystemUpdateManager");
 
     registerQmlType<DateTime>(uri, "DateTime");
     registerQmlType<Distance>(uri, "Distance");
     registerQmlType<ErrorReportModel>(uri, "ErrorReportModel");
     registerQmlType<EulaReader>(uri, "EulaReader");
     registerQmlType<MeasurementBase>(uri, "MeasurementBase");
+    registerQmlType<NotificationListModel>(uri, "NotificationListModel");
+    registerQmlType<NotificationManagerWrapperQml>(uri, "NotificationManagerWrapper");
     registerQmlType<NumberPrecision>(uri, "NumberPrecision");
     registerQmlType<ProductInfo>(uri, "ProductInfo");
     registerQmlType<SignalService::RxSignalProxy>(uri, "RxSignalProxy");
     registerQmlType<Speed>(uri, "Speed");
+    registerQmlType<TaskStatusReceiver>(uri, "TaskStatusReceiver");
+    registerQmlType<TaskStatusReceiverInstallation>(uri, "TaskStatusReceiverInstallation");
+    registerQmlType<TaskStatusReceiverPermissions>(uri, "TaskStatusReceiverPermissions");
     registerQmlType<TimeDuration>(uri, "TimeDuration");
     registerQmlType<SignalService::TxSignalProxy>(uri, "TxSignalProxy");
     registerQmlType<VehicleInformationPolicy>(uri, "VehicleInformationPolicy");
@@ -90,6 +103,7 @@ void registerSharedModule(bool aDataManagerEnabled)
     registerQmlUncreatableType<EnvironmentManager>(uri, "EnvironmentManager");
     registerQmlUncreatableType<ErrorReportInfo>(uri, "ErrorReportInfo");
     registerQmlUncreatableType<HmiSharedConfigs>(uri, "HmiSharedConfigs");
+    registerQmlUncreatableType<NotificationFramework::NotificationModel>(uri, "NotificationModel");
     registerQmlUncreatableType<Setting>(uri, "Setting");
     registerQmlUncreatableType<SettingLocale>(uri, "SettingLocale");
     registerQmlUncreatableType<SystemInformationNetwork>(uri, "SystemInformationNetwork");
@@ -109,7 +123,8 @@ void registerVehicleModule() { registerQmlSingleton<HmiVehicle>("hmi.vehicle", "
 
 static bool registerAllModules()
 {
-    registerSharedModule(HmiSharedConfigs::instance()->getDataManagerEnabled());
+    const HmiSharedConfigs& configs = *HmiSharedConfigs::instance();
+    registerSharedModule(configs.getDataManagerEnabled(), configs.getSystemUpdateEnabled());
     registerAsrModule();
     registerNavigationModule();
     registerGuidanceModule();

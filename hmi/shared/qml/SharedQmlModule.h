@@ -20,17 +20,18 @@ Q_DECL_EXPORT void registerQmlModules();
 
 /**
  * The single modules, for plugins: Qt lets a plugin register types only in the module that it was loaded for.
- * They may run on any thread. "DataManager" is there only where the configuration enables it.
+ * They may run on any thread. "DataManager" and "SystemUpdateManager" are there only where the configuration
+ * enables them.
  */
-Q_DECL_EXPORT void registerSharedModule(bool aDataManagerEnabled);
+Q_DECL_EXPORT void registerSharedModule(bool aDataManagerEnabled, bool aSystemUpdateEnabled);
 Q_DECL_EXPORT void registerAsrModule();
 Q_DECL_EXPORT void registerNavigationModule();
 Q_DECL_EXPORT void registerGuidanceModule();
 Q_DECL_EXPORT void registerVehicleModule();
 
 /**
- * Starts the library in a host that loads the modules as plugins, after the core's initializePluginHost(): nobody
- * there says when start-up is complete, so it is at once. Main thread only.
+ * Starts the library in a host that loads the modules as plugins, after the core's initializePluginHost():
+ * nobody there says when start-up is complete, so it is at once. Main thread only.
  */
 Q_DECL_EXPORT void startPluginHost();
 

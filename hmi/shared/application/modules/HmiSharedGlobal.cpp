@@ -8,6 +8,7 @@
 #include <hmi/core/foundation/PerfEventPolicyBase.h>
 #include <hmi/core/language/LanguageManager.h>
 #include <hmi/shared/application/modules/PagePrintManager.h>
+#include <hmi/shared/services/SystemUpdateManager.h>
 #include <hmi/shared/settings/DataManagerWrapper.h>
 #include <hmi/shared/settings/SettingsFile.h>
 #include <hmi/shared/settings/SettingsManager.h>
@@ -23,10 +24,23 @@ HmiSharedGlobal::HmiSharedGlobal(QQmlEngine*, QJSEngine*)
     mCollator.setNumericMode(true);
 }
 
-void HmiSharedGlobal::startUp(const QHash<QString, QString>& aDataManagerParameters)
+/** A marker of start-up or shutdown, for who measures these. */
+static void mark(Core::PerfEventPolicyBase* aPerfEventPolicy, const QString& aEventName)
+{
+    if (aPerfEventPolicy)
+        aPerfEventPolicy->raiseEvent(aEventName);
+}
+
+void HmiSharedGlobal::startUp(const QHash<QString, QString>& aDataManagerParameters,
+                              Core::PerfEventPolicyBase* aPerfEventPolicy)
 {
     DataManagerWrapper::instance()->initialize(aDataManagerParameters);
     SettingsManager::addSharedSettings();
+    if (!getSystemUpdateEnabled())
+        return;
+    mark(aPerfEventPolicy, QStringLiteral("SystemUpdateManagerInitStart"));
+    SystemUpdateManager::instance()->init();
+    mark(aPerfEventPolicy, QStringLiteral("SystemUpdateManagerInitEnd"));
 }
 
 void HmiSharedGlobal::startUpAsync(const QHash<QString, QString>& aDataManagerParameters)
@@ -36,11 +50,9 @@ void HmiSharedGlobal::startUpAsync(const QHash<QString, QString>& aDataManagerPa
 
 void HmiSharedGlobal::shutDown(Core::PerfEventPolicyBase* aPerfEventPolicy)
 {
-    if (aPerfEventPolicy)
-        aPerfEventPolicy->raiseEvent(QStringLiteral("DataManagerDeInitStart"));
+    mark(aPerfEventPolicy, QStringLiteral("DataManagerDeInitStart"));
     DataManagerWrapper::instance()->shutdown();
-    if (aPerfEventPolicy)
-        aPerfEventPolicy->raiseEvent(QStringLiteral("DataManagerDeInitEnd"));
+    mark(aPerfEventPolicy, QStringLiteral("DataManagerDeInitEnd"));
 }
 
 QString HmiSharedGlobal::getSettingsFileName() const { return QStringLiteral("krvx_settings.json"); }

@@ -58,10 +58,13 @@ class Q_DECL_EXPORT HmiSharedGlobal : public Core::SingletonCppQml<HmiSharedGlob
 
 public:
     /**
-     * The library's start-up, after the core's: starts the data manager, at once or when the environment manager
-     * ends its delay (the parameters stand above its configuration file), and publishes the shared settings.
+     * The library's start-up, after the core's: starts the data manager, at once or when the environment
+     * manager ends its delay (the parameters stand above its configuration file), publishes the shared
+     * settings, and lets the update manager follow its service, where the configuration enables that. The
+     * policy, which may be null, is told "SystemUpdateManagerInitStart" and "SystemUpdateManagerInitEnd".
      */
-    void startUp(const QHash<QString, QString>& aDataManagerParameters = {});
+    void startUp(const QHash<QString, QString>& aDataManagerParameters = {},
+                 Core::PerfEventPolicyBase* aPerfEventPolicy = nullptr);
     /** Begins to start the data manager on another thread, which startUp() completes. */
     void startUpAsync(const QHash<QString, QString>& aDataManagerParameters = {});
     /**

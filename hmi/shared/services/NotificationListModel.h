@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QDBusServiceWatcher>
+
+#include <hmi/core/models/ObjectListModelT.h>
+#include <hmi/shared/services/NotificationModel.h>
+#include <platform/notification-manager/NotificationManagerClient.h>
+
+class QDBusPendingCallWatcher;
+
+namespace Hmi::Shared {
+
+/**
+ * The notification service's current notifications for a view, in the order of their ids:
+ *
+ *     ListView {
+ *         model: NotificationListModel { onShowRequested: page.show(notificationId) }
+ *         delegate: Text { text: notificationType + ": " + description }
+ *     }
+ *
+ * It asks the service once for what there is and follows its signals from then on, without ever waiting.
+ * While the service is away the list is empty; when it returns, it is asked again. The service knows no
+ * description, so that is the type-specific identifier; the priority of what was added later is 0. GUI thread
+ * only.
+ */
+class Q_DECL_EXPORT NotificationListModel
+    : public Core::ObjectListModelT<NotificationFramework::NotificationModel*>
+{
+    Q_OBJECT
+
+public:
+    /** On the system bus. */
+    explicit NotificationListModel(QObject* aParent = nullptr);
+    explicit NotificationListModel(const QDBusConnection& aConnection, QObject* aParent = nullptr);
+
+    /** Asks the service to dismiss it; it leaves the list when the service says so. */
+    Q_INVOKABLE void dismiss(int aNotificationId);
+
+signals:
+    void showRequested(int notificationId);
+
+private:
+    void ask();
+    void onOwnerChanged(const QString& aName, const QString& aOldOwner, const QString& aNewOwner);
+    void onListed(QDBusPendingCallWatcher* aWatcher);
+    void onAdded(int aId, const QString& aType, const QString& aTypeId, bool aHasLocation, double aLatitude,
+                 double aLongitude);
+    void onDismissed(int aId);
+    void onLocationUpdated(int aId, bool aHasLocation, double aLatitude, double aLongitude);
+    NotificationFramework::NotificationModel* findId(int aId) const;
+    NotificationFramework::NotificationModel* add(int aId, int aPriority, const QString& aType,
+                                                  const QString& aTypeId);
+
+    NotificationMgr::NotificationManagerClient mClient;
+    QDBusServiceWatcher mOwner;
+    QDBusPendingCallWatcher* mAsked = nullptr; ///< what came before the answer is part of it
+};
+
+} // namespace Hmi::Shared

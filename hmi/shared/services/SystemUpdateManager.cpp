@@ -1,0 +1,268 @@
+#include <hmi/shared/services/SystemUpdateManager.h>
+
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QPointer>
+
+#include <hmi/shared/application/LoggingCategory.h>
+#include <hmi/shared/events/EventLoop.h>
+
+namespace Hmi::Shared {
+
+using UpdateManager::DownloadableUpdateInfo;
+using UpdateManager::UpdateInstallState;
+using UpdateManager::UpdateManagerClient;
+
+static constexpr int UpdateInfoTimeout = 5000; ///< milliseconds
+
+SystemUpdateManager::SystemUpdateManager(QQmlEngine*, QJSEngine*) :
+    mClient(QDBusConnection::systemBus()), mNotifications(QDBusConnection::systemBus())
+{
+    qCInfo(hmiShared, "SystemUpdateManager::SystemUpdateManager( ... )");
+}
+
+void SystemUpdateManager::init()
+{
+    if (std::exchange(mInitialized, true))
+        return;
+    qCInfo(hmiShared, "SystemUpdateManager::init()");
+    using Client = UpdateManagerClient;
+    using This = SystemUpdateManager;
+    connect(&mClient, &Client::DownloadComplete, this, &This::onOumDownloadComplete);
+    connect(&mClient, &Client::DownloadProgress, this, &This::onOumDownloadProgress);
+    connect(&mClient, &Client::InstallFinished, this, &This::onOumInstallFinished);
+    connect(&mClient, &Client::DownloadableUpdatesChanged, this, &This::onOumDownloadableUpdatesChanged);
+    connect(&mClient, &Client::AvailableUpdatesChanged, this, &This::onOumAvailableUpdatesChanged);
+    connect(&mClient, &Client::InstallProgress, this, &This::onOumInstallProgress);
+    connect(&mClient, &Client::InstallStateChanged, this, &This::onOumInstallStateChanged);
+    connect(&mClient, &Client::AutoInstallPending, this, &This::onOumAutoInstallPending);
+    connect(&mClient, &Client::AutoRebootPending, this, &This::onOumAutoRebootPending);
+}
+
+void SystemUpdateManager::setState(UpdateState aState)
+{
+    if (mState == aState)
+        return;
+    mState = aState;
+    emit stateChanged();
+}
+
+void SystemUpdateManager::setPercent(int aPercent)
+{
+    if (mPercent == aPercent)
+        return;
+    mPercent = aPercent;
+    emit percentChanged();
+}
+
+void SystemUpdateManager::setInstallPercent(int aPercent)
+{
+    if (mInstallPercent == aPercent)
+        return;
+    mInstallPercent = aPercent;
+    emit installPercentChanged();
+}
+
+void SystemUpdateManager::checkForUpdates() { mClient.CheckForUpdates(); }
+
+void SystemUpdateManager::startDownload()
+{
+    qCInfo(hmiShared, "SystemUpdateManager startDownload()");
+    if (mState != UpdateStateUpdateDownloadable)
+        return;
+    qCInfo(hmiShared, "SystemUpdateManager Starting Download");
+    setState(UpdateStateDownloading);
+    setPercent(0);
+    mClient.DownloadUpdate(mUpdateUrl);
+}
+
+void SystemUpdateManager::pauseDownload()
+{
+    qCInfo(hmiShared, "SystemUpdateManager pauseDownload()");
+    if (mState != UpdateStateDownloading)
+        return;
+    qCInfo(hmiShared, "SystemUpdateManager Download Paused");
+    setState(UpdateStateDownloadPaused);
+    mClient.PauseDownload(mUpdateUrl);
+}
+
+void SystemUpdateManager::resumeDownload()
+{
+    qCInfo(hmiShared, "SystemUpdateManager resumeDownload()");
+    if (mState != UpdateStateDownloadPaused)
+        return;
+    qCInfo(hmiShared, "SystemUpdateManager Download Resumed");
+    setState(UpdateStateDownloading);
+    mClient.ResumeDownload(mUpdateUrl);
+}
+
+void SystemUpdateManager::startInstallation()
+{
+    qCInfo(hmiShared, "SystemUpdateManager startInstallation()");
+    if (mState != UpdateStateUpdateAvailable)
+        return;
+    qCInfo(hmiShared, "SystemUpdateManager Starting Installation");
+    setState(UpdateStateInstalling);
+    setInstallPercent(0);
+    mClient.InstallUpdate(mUpdatePath);
+}
+
+void SystemUpdateManager::dismissNotification()
+{
+    if (mNotificationId != -1)
+        mNotifications.DismissNotification(mNotificationId);
+}
+
+void SystemUpdateManager::resetUpdateProcess()
+{
+    qCInfo(hmiShared, "SystemUpdateManager resetUpdateProcess()");
+    dismissNotification();
+    setState(UpdateStateNoneAvailable);
+}
+
+/** Signals of the service that come during a wait stand back until what is waited for was taken. */
+void SystemUpdateManager::inOrder(const std::function<void()>& aTake)
+{
+    if (mWaiting || !mDeferred.empty()) {
+        mDeferred.push_back(aTake);
+        return;
+    }
+    const QPointer<SystemUpdateManager> self(this);
+    aTake();
+    while (self && !mWaiting && !mDeferred.empty()) {
+        const std::function<void()> take = mDeferred.front();
+        take();
+        if (self)
+            mDeferred.pop_front();
+    }
+}
+
+void SystemUpdateManager::onOumDownloadComplete(const QString&, const QString&)
+{
+    inOrder([this] {
+        qCInfo(hmiShared, "SystemUpdateManager OUM Download Complete Signal Received");
+        mUpdateUrl = QString();
+    });
+}
+
+void SystemUpdateManager::onOumDownloadProgress(const QString&, int a_percent)
+{
+    inOrder([=] {
+        qCInfo(hmiShared, "SystemUpdateManager OUM Download Progress Received: %d", a_percent);
+        setPercent(a_percent);
+    });
+}
+
+void SystemUpdateManager::onOumAvailableUpdatesChanged(const QStringList& a_updatePaths)
+{
+    inOrder([=] { takeAvailableUpdates(a_updatePaths); });
+}
+
+void SystemUpdateManager::onOumInstallFinished(bool a_success, QString a_status, QString)
+{
+    inOrder([=] { takeInstallResult(a_success, a_status); });
+}
+
+void SystemUpdateManager::onOumDownloadableUpdatesChanged(const QStringList& a_updateUrls)
+{
+    inOrder([=] { takeDownloadableUpdates(a_updateUrls); });
+}
+
+void SystemUpdateManager::onOumInstallProgress(UpdateInstallState, QString, int a_percent)
+{
+    inOrder([=] {
+        qCInfo(hmiShared, "SystemUpdateManager OUM Install Progress Received: %d", a_percent);
+        setInstallPercent(a_percent);
+    });
+}
+
+void SystemUpdateManager::onOumInstallStateChanged(UpdateInstallState a_state, QString)
+{
+    inOrder([=] { takeInstallState(a_state); });
+}
+
+void SystemUpdateManager::onOumAutoInstallPending(QString) {}
+
+void SystemUpdateManager::onOumAutoRebootPending() {}
+
+void SystemUpdateManager::takeDownloadableUpdates(const QStringList& aUpdateUrls)
+{
+    qCInfo(hmiShared, "SystemUpdateManager OUM Update Available Signal Received");
+    if (mState != UpdateStateNoneAvailable && mState != UpdateStateUpdateComplete &&
+        mState != UpdateStateUpdateError)
+        return;
+    if (aUpdateUrls.isEmpty()) {
+        qCWarning(hmiShared,
+                  "The update service announced an empty list of downloadable updates; it was ignored.");
+        return;
+    }
+    mUpdateUrl = aUpdateUrls.first();
+    DownloadableUpdateInfo info;
+    if (!awaitUpdateInfo(info))
+        return;
+    qCInfo(hmiShared) << "Version:" << info.version;
+    qCInfo(hmiShared) << "File Size:" << info.size;
+    mDownloadSize = static_cast<int>(static_cast<quint32>(info.size));
+    emit downloadSizeChanged();
+    mVersion = info.version;
+    emit versionChanged();
+    setState(UpdateStateUpdateDownloadable);
+}
+
+/** A failed or late answer leaves the info as it is. False when this object went while it waited. */
+bool SystemUpdateManager::awaitUpdateInfo(DownloadableUpdateInfo& aInfo)
+{
+    const QPointer<SystemUpdateManager> self(this);
+    const QDBusPendingReply<DownloadableUpdateInfo> reply = mClient.GetDownloadableUpdateInfo(mUpdateUrl);
+    QDBusPendingCallWatcher watcher(reply);
+    mWaiting = true;
+    EventLoop().exec(UpdateInfoTimeout, &watcher, SIGNAL(finished(QDBusPendingCallWatcher*)));
+    if (!self)
+        return false;
+    mWaiting = false;
+    if (reply.isFinished() && !reply.isError())
+        aInfo = reply.value();
+    return true;
+}
+
+void SystemUpdateManager::takeAvailableUpdates(const QStringList& aUpdatePaths)
+{
+    if (!aUpdatePaths.isEmpty()) {
+        mUpdatePath = aUpdatePaths.first();
+        setState(UpdateStateUpdateAvailable);
+    } else if (mState == UpdateStateUpdateAvailable) {
+        setState(UpdateStateNoneAvailable);
+    }
+}
+
+void SystemUpdateManager::takeInstallState(UpdateInstallState aState)
+{
+    switch (aState) {
+    case UpdateManager::UpdateInstallStateVerifying:
+        setState(UpdateStateVerifying);
+        break;
+    case UpdateManager::UpdateInstallStateInstalling:
+        setState(UpdateStateInstalling);
+        break;
+    case UpdateManager::UpdateInstallStateValidating:
+        setState(UpdateStateValidating);
+        break;
+    default:
+        break;
+    }
+}
+
+void SystemUpdateManager::takeInstallResult(bool aSuccess, const QString& aStatus)
+{
+    qCInfo(hmiShared, "SystemUpdateManager OUM Update Complete Signal Received: %s", qUtf8Printable(aStatus));
+    if (aSuccess) {
+        setState(UpdateStateUpdateComplete);
+        emit updateComplete();
+    } else {
+        qCInfo(hmiShared, "SystemUpdateManager OUM Update Error Signal Received: %s",
+               qUtf8Printable(aStatus));
+        setState(UpdateStateUpdateError);
+    }
+}
+
+} // namespace Hmi::Shared

@@ -56,7 +56,7 @@ bool EulaReader::loadFile(bool aUseLanguageSuffix, bool aAllowFallback)
 QString EulaReader::findFallback(const QString& aLanguage) const
 {
     const QString stem = getFileStem();
-    const QString code = aLanguage.section(QLatin1Char('_'), 0, 0);
+    const QString code = aLanguage.left(2);
     const QDir folder(mFolder);
     const QStringList names = folder.entryList({QStringLiteral("*.htm")}, QDir::Files, QDir::Name);
     for (const QString& name : names) {

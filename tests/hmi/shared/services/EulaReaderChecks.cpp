@@ -25,7 +25,7 @@ const std::tuple<const char*, const char*, bool, bool, const char*> sRows[] = {
     {"eula.htm eula-de_DE.html", "eu_ES", true, true, ""},
     {"eula-de_DE.htm/ eula-en_US.htm", "de_DE", true, true, "eula-en_US.htm"},
     {"[%n]eula*-x-de\n\xc3\x84.htm", "de_DE", true, true, "[%n]eula*-x-de\n\xc3\x84.htm"},
-    {"eula-fi_FI.htm eula-en_US.htm", "fil_PH", true, true, "eula-en_US.htm"}};
+    {"eula-fi_FI.htm eula-en_US.htm", "fil_PH", true, true, "eula-fi_FI.htm"}};
 
 TEST(EulaReader, TakesTheDocumentThatSuitsTheLanguageBest)
 {

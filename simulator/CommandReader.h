@@ -14,7 +14,7 @@ class CommandReader : public QObject
 
 public:
     /** Longer lines are skipped, and one error line says so. In bytes. */
-    static constexpr int MaximumLine = 4096;
+    static constexpr int MaximumLine = 65536;
 
     /** The descriptor stays open and its owner's. */
     explicit CommandReader(int aDescriptor, QObject* aParent = nullptr);

@@ -7,10 +7,15 @@
 
 #include <hmi/shared/signal-service/TransportProxy.h>
 #include <simulator/Console.h>
+#include <simulator/services/ServiceSimulation.h>
 
 namespace Hmi::Simulator {
 
 static const QString sSignalService = QStringLiteral("signal-service");
+static const QString sNoSignalService = QStringLiteral("no-signal-service");
+static const QString sServices = QStringLiteral("services");
+static const QString sBus = QStringLiteral("bus");
+static const QString sReports = QStringLiteral("reports");
 static const QString sPermissions = QStringLiteral("permissions");
 static const QString sScenario = QStringLiteral("scenario");
 static const QString sRecord = QStringLiteral("record");
@@ -31,9 +36,17 @@ static void describe(QCommandLineParser& aParser)
         {{sSignalService,
           QStringLiteral("Socket of the vehicle signal service (default: /var/run/signal_service)."), path,
           ::SignalService::TransportProxy::DefaultSocketPath()},
+         {sNoSignalService, QStringLiteral("No vehicle signal service, only those on D-Bus.")},
+         {sServices,
+          QStringLiteral("Services on D-Bus, with commas between: %1, all or none (default: none).")
+              .arg(ServiceSimulation::getWords().join(QStringLiteral(", "))),
+          QStringLiteral("LIST")},
+         {sBus, QStringLiteral("Bus of these services (default: the system bus)."),
+          QStringLiteral("ADDRESS")},
+         {sReports, QStringLiteral("Folder in which bug reports are created."), QStringLiteral("FOLDER")},
          {sPermissions, QStringLiteral("Permissions of the socket (default: 0660)."), QStringLiteral("OCTAL"),
           QStringLiteral("0660")},
-         {sScenario, QStringLiteral("Plays the signals of a scenario."), file},
+         {sScenario, QStringLiteral("Plays the signals and commands of a scenario."), file},
          {sRecord, QStringLiteral("Records every value, and writes a scenario at the end."), file},
          {sUpstream, QStringLiteral("Passes on the signals of the service at another socket."), path},
          {sNoCommands, QStringLiteral("Leaves standard input alone, as in the background.")}});
@@ -53,6 +66,42 @@ static bool isSameFile(const QString& aOne, const QString& aOther)
     return clean(aOne) == clean(aOther);
 }
 
+/** Nothing, after one message, where a word names no service. */
+static std::optional<QStringList> readServices(const QString& aList)
+{
+    const QStringList words = ServiceSimulation::getWords();
+    QStringList services;
+    for (const QString& word : aList.split(QLatin1Char(','), Qt::SkipEmptyParts)) {
+        if (word == QLatin1String("all"))
+            services += words;
+        else if (words.contains(word))
+            services += word;
+        else if (word != QLatin1String("none")) {
+            fail(QStringLiteral("'%1' is no service; --services takes %2, all or none.")
+                     .arg(word, words.join(QStringLiteral(", "))));
+            return std::nullopt;
+        }
+    }
+    services.removeDuplicates();
+    return services;
+}
+
+/** The signal service and what needs it. */
+static std::optional<Options> checked(const Options& aOptions)
+{
+    if (aOptions.signalService.isEmpty() && aOptions.services.isEmpty())
+        return fail(QStringLiteral("Without the signal service, --services is to name one at least."));
+    if (aOptions.upstream.isEmpty())
+        return aOptions;
+    if (aOptions.signalService.isEmpty())
+        return fail(QStringLiteral("--upstream needs the signal service."));
+    if (isSameFile(aOptions.upstream, aOptions.signalService))
+        return fail(QStringLiteral("--upstream is to be another socket than '%1', at which this service "
+                                   "listens itself.")
+                        .arg(aOptions.signalService));
+    return aOptions;
+}
+
 static std::optional<Options> read(const QCommandLineParser& aParser)
 {
     Options options;
@@ -66,13 +115,15 @@ static std::optional<Options> read(const QCommandLineParser& aParser)
     options.record = aParser.value(sRecord);
     options.upstream = aParser.value(sUpstream);
     options.commands = !aParser.isSet(sNoCommands);
-    if (options.signalService.isEmpty())
-        return fail(QStringLiteral("--signal-service takes the path of a socket."));
-    if (!options.upstream.isEmpty() && isSameFile(options.upstream, options.signalService))
-        return fail(QStringLiteral("--upstream is to be another socket than '%1', at which this service "
-                                   "listens itself.")
-                        .arg(options.signalService));
-    return options;
+    options.bus = aParser.value(sBus);
+    options.reports = aParser.value(sReports);
+    if (aParser.isSet(sNoSignalService))
+        options.signalService.clear();
+    const std::optional<QStringList> services = readServices(aParser.value(sServices));
+    if (!services)
+        return std::nullopt;
+    options.services = *services;
+    return checked(options);
 }
 
 std::optional<Options> Options::parse(const QStringList& aArguments)

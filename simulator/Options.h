@@ -18,6 +18,9 @@ struct Options
     QString signalService; ///< path of the socket
     uint permissions = 0;  ///< of the socket, as chmod has them
     QString scenario;      ///< file to play
+    QStringList services;  ///< on D-Bus, by the words of ServiceSimulation::getWords()
+    QString bus;           ///< address; empty: the system bus
+    QString reports;       ///< folder for bug reports
     QString record;        ///< file to write at the end
     QString upstream;      ///< socket of the service that is passed on
     bool commands = true;  ///< from standard input

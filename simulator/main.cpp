@@ -3,8 +3,10 @@
 #include <unistd.h>
 
 #include <simulator/CommandReader.h>
+#include <simulator/CommandTable.h>
 #include <simulator/Options.h>
 #include <simulator/TerminationSignals.h>
+#include <simulator/services/ServiceSimulation.h>
 #include <simulator/signal-service/SignalSimulation.h>
 
 using namespace Hmi::Simulator;
@@ -20,16 +22,21 @@ int main(int argc, char** argv)
     const TerminationSignals termination;
     QObject::connect(&termination, &TerminationSignals::received, &application, &QCoreApplication::quit);
 
-    SignalSimulation signalService;
-    if (!signalService.start(*options))
+    CommandTable table;
+    table.add({{QStringLiteral("quit"), {}, QStringLiteral("ends the simulator"), [](const QStringList&) {
+                    QCoreApplication::quit();
+                }}});
+    ServiceSimulation services(table);
+    SignalSimulation signalService(table);
+    if (!services.start(*options) || !signalService.start(*options))
         return 1;
     std::optional<CommandReader> commands;
     if (options->commands) {
         commands.emplace(STDIN_FILENO);
-        QObject::connect(&*commands, &CommandReader::lineRead, &signalService, &SignalSimulation::execute);
+        QObject::connect(&*commands, &CommandReader::lineRead,
+                         [&](const QString& aLine) { table.execute(aLine); });
         QObject::connect(&*commands, &CommandReader::ended, &application, &QCoreApplication::quit);
     }
-    QObject::connect(&signalService, &SignalSimulation::quitRequested, &application, &QCoreApplication::quit);
-    QCoreApplication::exec();
-    return signalService.finish() ? 0 : 1;
+    const int status = QCoreApplication::exec();
+    return signalService.finish() ? status : 1;
 }

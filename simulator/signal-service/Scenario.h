@@ -22,6 +22,7 @@ struct Scenario
         qint64 at; ///< microseconds from the beginning
         std::size_t signal;
         std::optional<DataBuffer> value; ///< nothing: from now on not available
+        QString command = {};            ///< not empty: in the place of a value; recordings have none
     };
 
     /** Writes the file whole; false, with one message on standard error and the file as it was, if it cannot.

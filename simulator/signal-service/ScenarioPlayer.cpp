@@ -34,7 +34,10 @@ void ScenarioPlayer::playDue()
     const qint64 now = mClock.nsecsElapsed() / 1000;
     for (int played = 0; played < StepsPerTurn && getDue() <= now; ++played) {
         const Scenario::Step& step = mScenario.steps[mNext];
-        mTable.take(mScenario.signalTable[step.signal].path, step.value);
+        if (step.command.isEmpty())
+            mTable.take(mScenario.signalTable[step.signal].path, step.value);
+        else
+            emit commandDue(step.command);
         if (++mNext < mScenario.steps.size())
             continue;
         if (mScenario.loop == 0)

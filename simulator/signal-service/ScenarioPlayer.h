@@ -23,6 +23,7 @@ public:
     void start();
 
 signals:
+    void commandDue(const QString& aCommand);
     /** After the last step of a scenario that does not loop. */
     void ended();
 

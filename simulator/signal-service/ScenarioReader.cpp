@@ -5,6 +5,7 @@
 #include <QJsonDocument>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include <simulator/signal-service/ResponseFrames.h>
 
@@ -18,6 +19,7 @@ static const QString sType = QStringLiteral("type");
 static const QString sValue = QStringLiteral("value");
 static const QString sWritable = QStringLiteral("writable");
 static const QString sAt = QStringLiteral("at");
+static const QString sCommand = QStringLiteral("command");
 static const QString sRamp = QStringLiteral("ramp");
 static const QString sFrom = QStringLiteral("from");
 static const QString sTo = QStringLiteral("to");
@@ -28,6 +30,8 @@ static constexpr double MicrosecondsPerSecond = 1e6;
 static constexpr double MaximumSeconds = 1e7;
 static constexpr qint64 DefaultEvery = 100000; ///< microseconds
 static constexpr qint64 MinimumLoop = 10000;   ///< microseconds
+
+ScenarioReader::ScenarioReader(CheckCommand aCheckCommand) : mCheckCommand(std::move(aCheckCommand)) {}
 
 std::optional<Scenario> ScenarioReader::read(const QString& aFile)
 {
@@ -156,6 +160,8 @@ bool ScenarioReader::readValue(const QJsonValue& aJson, const Scenario::NamedSig
 
 bool ScenarioReader::readStep(const QJsonObject& aStep)
 {
+    if (aStep.contains(sCommand))
+        return readCommand(aStep);
     Scenario::Step step{};
     if (!hasOnly(aStep, {sAt, sPath, sValue, sRamp}) || !readTime(aStep, sAt, false, step.at))
         return false;
@@ -173,6 +179,19 @@ bool ScenarioReader::readStep(const QJsonObject& aStep)
     }
     if (!readValue(aStep.value(sValue), mScenario.signalTable[step.signal], step.value))
         return false;
+    mScenario.steps.push_back(step);
+    return true;
+}
+
+bool ScenarioReader::readCommand(const QJsonObject& aStep)
+{
+    Scenario::Step step{};
+    if (!hasOnly(aStep, {sAt, sCommand}) || !readTime(aStep, sAt, false, step.at))
+        return false;
+    step.command = aStep.value(sCommand).toString().trimmed();
+    const QString error = mCheckCommand ? mCheckCommand(step.command) : QStringLiteral("there are none");
+    if (!error.isEmpty())
+        return fail(sCommand, QStringLiteral("a command of the services that are wanted (%1)").arg(error));
     mScenario.steps.push_back(step);
     return true;
 }

@@ -3,6 +3,7 @@
 #include <QJsonObject>
 #include <QString>
 #include <QStringList>
+#include <functional>
 #include <optional>
 #include <unordered_map>
 
@@ -19,6 +20,12 @@ class ScenarioReader
 public:
     static constexpr int MaximumRamp = 100000; ///< values
 
+    /** What is wrong with a command; empty: nothing. */
+    using CheckCommand = std::function<QString(const QString& aCommand)>;
+
+    /** Without a check no command is known. */
+    explicit ScenarioReader(CheckCommand aCheckCommand = nullptr);
+
     std::optional<Scenario> read(const QString& aFile);
     QString getError() const { return mError; }
 
@@ -27,6 +34,7 @@ private:
     bool readAll(const QJsonObject& aAll);
     bool readSignal(const QJsonObject& aSignal);
     bool readStep(const QJsonObject& aStep);
+    bool readCommand(const QJsonObject& aStep);
     bool readRamp(const Scenario::Step& aStart, const QJsonObject& aRamp);
     bool readLoop(const QJsonObject& aAll);
 
@@ -41,6 +49,7 @@ private:
                    std::optional<DataBuffer>& aValue);
     bool fail(const QString& aKey, const QString& aExpected);
 
+    const CheckCommand mCheckCommand;
     Scenario mScenario;
     std::unordered_map<std::string, std::size_t> mIndexes;
     QString mPlace; ///< of the object being read

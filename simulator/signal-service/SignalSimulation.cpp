@@ -1,5 +1,6 @@
 #include <simulator/signal-service/SignalSimulation.h>
 
+#include <simulator/CommandTable.h>
 #include <simulator/Console.h>
 #include <simulator/Options.h>
 #include <simulator/signal-service/ScenarioPlayer.h>
@@ -11,17 +12,16 @@
 
 namespace Hmi::Simulator {
 
-SignalSimulation::SignalSimulation() = default;
+SignalSimulation::SignalSimulation(CommandTable& aCommands) : mCommandTable(aCommands) {}
 
 SignalSimulation::~SignalSimulation() = default;
 
 bool SignalSimulation::start(const Options& aOptions)
 {
+    if (!aOptions.signalService.isEmpty())
+        makeServer(aOptions);
     if (!loadScenario(aOptions.scenario) || !record(aOptions.record) || !listen(aOptions))
         return false;
-    mCommands = std::make_unique<SignalCommands>(mTable, *mServer);
-    connect(mCommands.get(), &SignalCommands::quitRequested, this, &SignalSimulation::quitRequested);
-    Console::print(QStringLiteral("listening ") + aOptions.signalService);
     if (mPlayer)
         mPlayer->start();
     return true;
@@ -31,7 +31,7 @@ bool SignalSimulation::loadScenario(const QString& aFile)
 {
     if (aFile.isEmpty())
         return true;
-    ScenarioReader reader;
+    ScenarioReader reader([this](const QString& aCommand) { return mCommandTable.check(aCommand); });
     const std::optional<Scenario> scenario = reader.read(aFile);
     if (!scenario) {
         Console::printError(reader.getError());
@@ -40,6 +40,8 @@ bool SignalSimulation::loadScenario(const QString& aFile)
     mPlayer = std::make_unique<ScenarioPlayer>(mTable, *scenario);
     connect(mPlayer.get(), &ScenarioPlayer::ended, this,
             [] { Console::print(QStringLiteral("scenario ended")); });
+    connect(mPlayer.get(), &ScenarioPlayer::commandDue, this,
+            [this](const QString& aCommand) { mCommandTable.execute(aCommand); });
     return true;
 }
 
@@ -51,16 +53,24 @@ bool SignalSimulation::record(const QString& aFile)
     return mRecorder->canSave();
 }
 
-bool SignalSimulation::listen(const Options& aOptions)
+void SignalSimulation::makeServer(const Options& aOptions)
 {
     if (!aOptions.upstream.isEmpty())
         mUpstream = std::make_unique<Upstream>(mTable, aOptions.upstream);
     mServer = std::make_unique<SignalServer>(mTable, mUpstream.get());
-    return mServer->listen(aOptions.signalService, aOptions.permissions);
+    mCommands = std::make_unique<SignalCommands>(mTable, *mServer, mCommandTable);
+}
+
+bool SignalSimulation::listen(const Options& aOptions)
+{
+    if (!mServer)
+        return true;
+    if (!mServer->listen(aOptions.signalService, aOptions.permissions))
+        return false;
+    Console::print(QStringLiteral("listening ") + aOptions.signalService);
+    return true;
 }
 
 bool SignalSimulation::finish() { return !mRecorder || mRecorder->save(); }
-
-void SignalSimulation::execute(const QString& aLine) { mCommands->execute(aLine); }
 
 } // namespace Hmi::Simulator

@@ -7,6 +7,7 @@
 
 namespace Hmi::Simulator {
 
+class CommandTable;
 class ScenarioPlayer;
 class SignalCommands;
 class SignalServer;
@@ -14,30 +15,30 @@ class TrafficRecorder;
 class Upstream;
 struct Options;
 
-/** The vehicle signal service as the command line wants it. */
+/** The vehicle signal service as the command line wants it, and the scenario, which may steer all services.
+ */
 class SignalSimulation : public QObject
 {
     Q_OBJECT
 
 public:
-    SignalSimulation();
+    /** The commands, to which it adds its own, outlive it. */
+    explicit SignalSimulation(CommandTable& aCommands);
     ~SignalSimulation() override;
 
-    /** False, with one message on standard error, when the service cannot be as it is wanted. */
+    /** False, with one message on standard error, when the service cannot be as it is wanted. To be called
+     * when all other commands are in the table. */
     bool start(const Options& aOptions);
     /** Writes what was recorded; false, with one message, if it cannot be. */
     bool finish();
 
-    void execute(const QString& aLine);
-
-signals:
-    void quitRequested();
-
 private:
+    void makeServer(const Options& aOptions);
     bool loadScenario(const QString& aFile);
     bool record(const QString& aFile);
     bool listen(const Options& aOptions);
 
+    CommandTable& mCommandTable;
     SignalTable mTable;
     std::unique_ptr<Upstream> mUpstream;
     std::unique_ptr<ScenarioPlayer> mPlayer;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QByteArray>
 #include <QFileInfo>
 #include <QProcess>
 #include <QStringList>
@@ -11,13 +10,20 @@
 class Simulator
 {
 public:
+    static QString getProgram() { return QStringLiteral(HMI_SIMULATOR); }
+
+    /** With the signal service only. */
     Simulator(const QString& aSocket, const QStringList& aArguments = {}, const QString& aInput = {}) :
         mSocket(aSocket)
     {
         mProcess.setStandardInputFile(aInput);
-        mProcess.start(QStringLiteral(HMI_SIMULATOR),
-                       QStringList{QStringLiteral("--signal-service"), aSocket} + aArguments);
+        start(QStringList{QStringLiteral("--signal-service"), aSocket} + aArguments);
         EXPECT_TRUE(says("listening " + aSocket.toUtf8()));
+    }
+    /** With services on D-Bus only. */
+    explicit Simulator(const QStringList& aArguments)
+    {
+        start(QStringList{QStringLiteral("--no-signal-service")} + aArguments);
     }
     ~Simulator()
     {
@@ -52,6 +58,8 @@ public:
     QProcess& getProcess() { return mProcess; }
 
 private:
+    void start(const QStringList& aArguments) { mProcess.start(getProgram(), aArguments); }
+
     const QString mSocket;
     QProcess mProcess;
     QByteArray mLines;

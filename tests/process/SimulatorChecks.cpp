@@ -4,7 +4,6 @@
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QLocalSocket>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 #include <hmi/shared/signal-service/DataBuffer.h>
@@ -18,8 +17,6 @@ using namespace SignalService;
 using HmiTest::waitUntil;
 
 namespace {
-
-const QString sProgram = QStringLiteral(HMI_SIMULATOR);
 
 /** One subscription of a head unit, with what it was told. */
 struct Reader
@@ -45,7 +42,10 @@ class SimulatorProcess : public testing::Test
 {
 protected:
     QString file(const char* aName) const { return mFolder.filePath(QLatin1String(aName)); }
-    ChildProcess run(const QStringList& aArguments) const { return ChildProcess::run(sProgram, aArguments); }
+    ChildProcess run(const QStringList& aArguments) const
+    {
+        return ChildProcess::run(Simulator::getProgram(), aArguments);
+    }
 
     QTemporaryDir mFolder;
     const QString mSocket = file("signals");
@@ -78,9 +78,9 @@ TEST_F(SimulatorProcess, AnswersCommandsAndKeepsTheTypesOfSignals)
         {"fly", "error 'fly' is no command; 'help' shows them"},
         {"drop all", "error 'drop' is used as: drop"},
         {"late soon", "error 'late' takes 0 to 60000 milliseconds, not 'soon'"},
-        {QByteArray(5000, 'x'), "error a command has at most 4096 bytes"},
+        {QByteArray(70000, 'x'), "error a command has at most 65536 bytes"},
         {"list", "signal Car.Doors int writable 4"},
-        {"help", "help get PATH            shows a value"}};
+        {"help", "help get PATH                                  shows a value"}};
     for (const auto& [command, answer] : rows)
         EXPECT_TRUE(simulator.answers(command, answer)) << command.constData();
     simulator.getProcess().closeWriteChannel();

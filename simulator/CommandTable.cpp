@@ -26,7 +26,7 @@ static QString takeWord(QString& aRest)
 {
     const auto space = std::find_if(aRest.begin(), aRest.end(), [](QChar aOne) { return aOne.isSpace(); });
     const int length = static_cast<int>(space - aRest.begin());
-    const QString word = aRest.left(length);
+    QString word = aRest.left(length);
     aRest = aRest.mid(length).trimmed();
     return word;
 }

@@ -1,6 +1,6 @@
 #include <simulator/services/ServiceFaults.h>
 
-#include <QTimer>
+#include <QTimerEvent>
 
 namespace Hmi::Simulator {
 
@@ -32,17 +32,17 @@ void ServiceFaults::send(const Answer& aAnswer)
         aAnswer.connection.send(aAnswer.message);
         return;
     }
-    mWaiting.emplace(++mLast, aAnswer);
-    QTimer::singleShot(mDelay, Qt::PreciseTimer, this, [this, number = mLast] { sendWaiting(number); });
+    mWaiting.emplace(startTimer(mDelay, Qt::PreciseTimer), aAnswer);
 }
 
-void ServiceFaults::sendWaiting(int aNumber)
+void ServiceFaults::timerEvent(QTimerEvent* aEvent) { sendWaiting(aEvent->timerId()); }
+
+void ServiceFaults::sendWaiting(int aTimer)
 {
-    const auto answer = mWaiting.find(aNumber);
-    if (answer == mWaiting.end())
-        return;
-    answer->second.connection.send(answer->second.message);
-    mWaiting.erase(answer);
+    killTimer(aTimer);
+    const auto answer = mWaiting.extract(aTimer);
+    if (answer)
+        answer.mapped().connection.send(answer.mapped().message);
 }
 
 } // namespace Hmi::Simulator

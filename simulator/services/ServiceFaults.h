@@ -29,6 +29,9 @@ public:
     void answer(const QDBusMessage& aCall, const QDBusConnection& aConnection,
                 const std::function<QDBusMessage()>& aCarryOut);
 
+protected:
+    void timerEvent(QTimerEvent* aEvent) override;
+
 private:
     struct Answer
     {
@@ -37,12 +40,11 @@ private:
     };
 
     void send(const Answer& aAnswer);
-    void sendWaiting(int aNumber);
+    void sendWaiting(int aTimer);
 
     Fault mFault = Fault::None;
     int mDelay = 0;
-    int mLast = 0;
-    std::map<int, Answer> mWaiting; ///< in the order of their calls
+    std::map<int, Answer> mWaiting; ///< by their timers
 };
 
 } // namespace Hmi::Simulator

@@ -55,7 +55,8 @@ static std::optional<QStringList> toList(const QString& aWord)
     if (!value || !value->isArray())
         return std::nullopt;
     QStringList texts;
-    for (const QJsonValue& one : value->toArray()) {
+    const QJsonArray list = value->toArray();
+    for (const auto& one : list) {
         if (!one.isString())
             return std::nullopt;
         texts += one.toString();

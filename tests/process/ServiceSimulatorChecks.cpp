@@ -1,4 +1,5 @@
 #include "ChildProcess.h"
+#include "HeardSignals.h"
 #include "Simulator.h"
 
 #include <QDBusVirtualObject>
@@ -7,9 +8,7 @@
 #include <QTemporaryDir>
 #include <QXmlStreamReader>
 #include <platform/bug-report/BugReportClient.h>
-#include <platform/notification-manager/NotificationManagerClient.h>
 #include <platform/notification-manager/NotificationTypes.h>
-#include <platform/update-manager/UpdateManagerClient.h>
 #include <tests/support/PrivateBus.h>
 
 using HmiTest::joined;
@@ -29,15 +28,6 @@ std::string outcome(QDBusPendingCall aCall)
     return aCall.isError() ? aCall.error().name().section(QLatin1Char('.'), -1).toStdString() : "done";
 }
 
-QString textOf(const QString& aText) { return aText; }
-QString textOf(const QStringList& aTexts) { return aTexts.join(QLatin1Char('|')); }
-QString textOf(bool aFlag) { return QVariant(aFlag).toString(); }
-template <class T>
-QString textOf(T aNumber)
-{
-    return QString::number(aNumber);
-}
-
 /** The side of the HMI, with what it was told. */
 struct HmiObject : QDBusVirtualObject
 {
@@ -53,7 +43,7 @@ struct HmiObject : QDBusVirtualObject
     QStringList told;
 };
 
-class ServiceSimulatorProcess : public testing::Test
+class ServiceSimulatorProcess : public testing::Test, protected HeardSignals
 {
 protected:
     void SetUp() override
@@ -67,7 +57,7 @@ protected:
         update = std::make_unique<UpdateManager::UpdateManagerClient>(*mBus);
         notifications = std::make_unique<NotificationMgr::NotificationManagerClient>(*mBus);
         bugReport = std::make_unique<BugReport::BugReportClient>(*mBus);
-        listen();
+        listen(*update, *notifications);
     }
     void TearDown() override
     {
@@ -79,21 +69,6 @@ protected:
         QDBusConnection::disconnectFromBus(sConnection);
         HmiTest::PrivateBus::stop();
     }
-    void listen();
-    /** Whether this is heard, after what was waited for before. */
-    bool hears(const QString& aText)
-    {
-        const bool heard = waitUntil([&] { return mHeard.indexOf(aText, mKnown) >= 0; });
-        mKnown = heard ? mHeard.indexOf(aText, mKnown) + 1 : mKnown;
-        return heard;
-    }
-    bool hears(const char* aText) { return hears(QString::fromLatin1(aText)); }
-    /** What was heard of these words, in order, without progress. */
-    QStringList getHeard() const
-    {
-        return mHeard.filter(QRegularExpression(QStringLiteral("^(?!DownloadProgress|InstallProgress)")));
-    }
-
     static inline const QString sConnection = QStringLiteral("hmi-service-checks");
     QTemporaryDir mFolder;
     std::unique_ptr<QDBusConnection> mBus;
@@ -101,33 +76,7 @@ protected:
     std::unique_ptr<UpdateManager::UpdateManagerClient> update;
     std::unique_ptr<NotificationMgr::NotificationManagerClient> notifications;
     std::unique_ptr<BugReport::BugReportClient> bugReport;
-    QStringList mHeard;
-    int mKnown = 0;
 };
-
-void ServiceSimulatorProcess::listen()
-{
-    using Update = UpdateManager::UpdateManagerClient;
-    using Notify = NotificationMgr::NotificationManagerClient;
-    const auto hear = [this](const char* aSignal) {
-        return [this, aSignal](const auto&... aArguments) {
-            mHeard += QStringList{QString::fromLatin1(aSignal), textOf(aArguments)...}.join(QLatin1Char(' '));
-        };
-    };
-    QObject::connect(update.get(), &Update::DownloadableUpdatesChanged, hear("Downloadable"));
-    QObject::connect(update.get(), &Update::DownloadProgress, hear("DownloadProgress"));
-    QObject::connect(update.get(), &Update::DownloadComplete, hear("Complete"));
-    QObject::connect(update.get(), &Update::AvailableUpdatesChanged, hear("Available"));
-    QObject::connect(update.get(), &Update::InstallFinished, hear("Finished"));
-    QObject::connect(update.get(), &Update::AutoInstallPending, hear("AutoInstall"));
-    QObject::connect(update.get(), &Update::AutoRebootPending, hear("AutoReboot"));
-    QObject::connect(update.get(), &Update::InstallStateChanged, hear("State"));
-    QObject::connect(update.get(), &Update::InstallProgress, hear("InstallProgress"));
-    QObject::connect(notifications.get(), &Notify::NotificationAdded, hear("Added"));
-    QObject::connect(notifications.get(), &Notify::NotificationDismissed, hear("Dismissed"));
-    QObject::connect(notifications.get(), &Notify::NotificationShowRequested, hear("Show"));
-    QObject::connect(notifications.get(), &Notify::NotificationLocationUpdated, hear("Moved"));
-}
 
 } // namespace
 

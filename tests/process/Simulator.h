@@ -41,9 +41,12 @@ public:
             found = ('\n' + mLines).indexOf('\n' + aLine + '\n');
             return found >= 0;
         });
+        mBefore = mLines.left(said ? found : 0);
         mLines.remove(0, said ? found + aLine.size() + 1 : 0);
         return said;
     }
+    /** What it said between the last two lines that were waited for. */
+    QByteArray getBefore() const { return mBefore; }
     bool answers(const QByteArray& aCommand, const QByteArray& aLine)
     {
         command(aCommand);
@@ -63,4 +66,5 @@ private:
     const QString mSocket;
     QProcess mProcess;
     QByteArray mLines;
+    QByteArray mBefore;
 };

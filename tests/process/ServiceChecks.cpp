@@ -344,7 +344,9 @@ QtObject {
     property NotificationListModel list: NotificationListModel {
         onShowRequested: line = "show " + notificationId
     }
-    property var manager: NotificationManagerWrapper {}
+    property var manager: NotificationManagerWrapper {
+        onNotificationLocationUpdated: line = ["moved", notificationId, hasLocation, latitude, longitude].join(" ")
+    }
     function describe() {
         const notifications = manager.GetCurrentNotifications()
         return Object.keys(notifications).map(id => id + notifications[id].typeSpecificId).join()
@@ -378,6 +380,7 @@ QtObject {
     simulator->command("notify add door open");
     simulator->command("notify move 1 51 9");
     shows(QStringLiteral("1 fuel low 0 51,2 door open 0 999"));
+    EXPECT_TRUE(waitUntil([&] { return view->property("line") == QStringLiteral("moved 1 true 51 9"); }));
     QVariant described;
     QMetaObject::invokeMethod(view.get(), "describe", Q_RETURN_ARG(QVariant, described));
     EXPECT_EQ(described.toString(), QStringLiteral("1low,2open"));

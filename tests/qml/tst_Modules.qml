@@ -14,7 +14,8 @@ TestCase {
         "Hmi.Core": "HighlightManager HmiCore KeyboardModelManager LanguageManager ProcessLauncher "
                     + "RestrictedModeManager SuggestionsManager StringRegistrationManager ThemeManager ObjectFactory",
         "hmi.shared": "ActionManager AppManager BackManager DataManager HardwareButtonManager HmiShared MeasurementUnits "
-                      + "ModuleManager PagePrintManager PhoneNumberUtility SettingsManager SystemInformationManager",
+                      + "ModuleManager PagePrintManager PhoneNumberUtility SettingsManager SystemInformationManager "
+                      + "SystemUpdateManager",
         "hmi.asr": "HmiAsr",
         "hmi.navigation": "HmiNavigation",
         "hmi.vehicle": "HmiVehicle"
@@ -35,7 +36,7 @@ TestCase {
                                       ["Hmi.Core", "ObjectListModelBase"], ["hmi.shared", "ErrorReportInfo"],
                                       ["hmi.shared", "HmiSharedConfigs"], ["hmi.shared", "Setting"],
                                       ["hmi.shared", "EnvironmentManager"], ["hmi.shared", "DataManagerReturnTypeQml"],
-                                      ["hmi.shared", "SystemInformationNetwork"],
+                                      ["hmi.shared", "NotificationModel"], ["hmi.shared", "SystemInformationNetwork"],
                                       ["hmi.shared", "SystemInformationSubmodule"]]) {
             let message = "";
             try {
@@ -45,6 +46,15 @@ TestCase {
             }
             compare(message, `Can't create ${name} in QML`);
         }
+    }
+
+    function test_updateAndTasksStartAtTheBeginning() {
+        compare(SystemUpdateManager.state, SystemUpdateManager.UpdateStateNoneAvailable);
+        SystemUpdateManager.startDownload();
+        compare([SystemUpdateManager.percent, SystemUpdateManager.version].join(), "0,");
+        const task = Qt.createQmlObject("import hmi.shared 1.0; TaskStatusReceiver {}", this);
+        task.setProgress(100);
+        compare(task.taskStatus, TaskStatusReceiver.TaskSucceeded);
     }
 
     function test_configurationComesFromTheNamedFile() {

@@ -5,6 +5,16 @@ namespace Hmi::Shared {
 using NotificationMgr::NotificationInstance;
 using NotificationMgr::NotificationList;
 
+NotificationManagerWrapperQml::NotificationManagerWrapperQml(QObject* aParent) :
+    NotificationManagerWrapper(aParent)
+{
+    using Qml = NotificationManagerWrapperQml;
+    connect(this, &Qml::NotificationAdded, this, &Qml::notificationAdded);
+    connect(this, &Qml::NotificationDismissed, this, &Qml::notificationDismissed);
+    connect(this, &Qml::NotificationShowRequested, this, &Qml::notificationShowRequested);
+    connect(this, &Qml::NotificationLocationUpdated, this, &Qml::notificationLocationUpdated);
+}
+
 static QVariantMap describe(const NotificationInstance& aNotification)
 {
     return {{QStringLiteral("priority"), aNotification.priority},

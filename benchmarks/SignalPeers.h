@@ -3,8 +3,8 @@
 #include <cstdio>
 #include <cstring>
 #include <string>
-#include <time.h>
 
+#include "Times.h"
 #include <signal_service.pb.h>
 
 // What the writer and the reader of the signal benchmarks agree upon, whatever goes between them.
@@ -25,14 +25,6 @@ inline std::string signalPath(int aNumber)
     char path[64];
     std::snprintf(path, sizeof path, "Vehicle.Cabin.Comfort.Seats.Position.%03d", aNumber);
     return path;
-}
-
-/** CLOCK_MONOTONIC in nanoseconds, which a double holds exactly for the first 104 days. */
-inline double monotonicTime()
-{
-    timespec time{};
-    clock_gettime(CLOCK_MONOTONIC, &time);
-    return static_cast<double>(time.tv_sec) * 1e9 + static_cast<double>(time.tv_nsec);
 }
 
 inline double signalValue(const char* aBytes)

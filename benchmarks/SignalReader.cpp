@@ -10,6 +10,7 @@
 #include "Require.h"
 #include "SignalReaders.h"
 #include "SignalTally.h"
+#include "Times.h"
 
 namespace {
 

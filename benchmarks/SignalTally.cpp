@@ -1,17 +1,8 @@
 #include "SignalTally.h"
 
-#include <algorithm>
-
 #include "AllocationCount.h"
 #include "PrivateMemory.h"
 #include "Require.h"
-
-double greatestOf(std::vector<double> aValues, double aShare)
-{
-    require(!aValues.empty(), "measuring nothing");
-    std::sort(aValues.begin(), aValues.end());
-    return aValues[static_cast<std::size_t>(static_cast<double>(aValues.size() - 1) * aShare)];
-}
 
 SignalTally::SignalTally(bool aPaced, int aCount) : mPaced(aPaced), mCount(aCount), mWarm(aCount / 10)
 {

@@ -57,6 +57,3 @@ private:
     long mMemory = 0;
     std::vector<double> mDelays;
 };
-
-/** Of all but the share of the greatest. */
-double greatestOf(std::vector<double> aValues, double aShare);

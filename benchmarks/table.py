@@ -63,6 +63,19 @@ SIGNAL_RATIOS = [
                                      ("slot / Qt D-Bus", "proxies", "dbus", None),
                                      ("slot / gRPC stream", "proxies", "grpc", None))),
 ]
+# The same of the system services.
+SERVICE_RATIOS = [
+    *((f"services, call, {label}: wrapper / {row}", f"{call}/wrapper/median", f"{call}/{peer}/median", limit)
+      for call, label in (("enabled", "a bool"), ("list", "20 records"))
+      for row, peer, limit in (("bare call", "bare", 1.1), ("QDBusInterface", "interface", None))),
+    *((f"services, signal, {label}: {row} / bare slot", f"{ours}/{what}", f"slot/{what}", None)
+      for what, label in (("median", "median"), ("percentile99", "99 %"))
+      for row, ours in (("QML handler", "handler"), ("QML binding", "binding"))),
+]
+NOTIFICATION_LIMIT = 1e6  # nanoseconds
+SERVICE_ROUNDS = 3
+SERVICE_CALLS = 500
+NOTIFICATIONS = 400  # two seconds of them
 SIGNAL_GAP_LIMIT = 20  # milliseconds
 SIGNAL_ALLOCATIONS_LIMIT = 1.01  # for a value: its bytes
 SIGNAL_GROWTH_LIMIT = 256  # kilobytes
@@ -190,6 +203,23 @@ def print_signals(build):
     print_single("signals, return of the service: 500 subscriptions", times["reconnection"], "ms", RECONNECTION_LIMIT)
 
 
+def service_times(build):
+    results = {}
+    for _ in range(SERVICE_ROUNDS):
+        for command, count in (("calls", SERVICE_CALLS), ("slot", NOTIFICATIONS), ("qml", NOTIFICATIONS)):
+            output = run([*Session.BUS, f"{build}/benchmarks/hmi_service_probe", command, str(count)])
+            for what, value in map(str.split, output.decode().splitlines()):
+                results.setdefault(what, []).append(float(value))
+    return {what: statistics.median(values) for what, values in results.items()}
+
+
+def print_services(build):
+    times = service_times(build)
+    print_ratios(times, SERVICE_RATIOS)
+    for ours in ("handler", "binding"):
+        print_single(f"services, signal, median: QML {ours}", times[f"{ours}/median"], "ns", NOTIFICATION_LIMIT)
+
+
 def verdict(value, limit, unit=""):
     if limit is None:
         return "for the record"
@@ -205,6 +235,7 @@ def main():
     print_single("1000 error reports listed", times["ErrorReportListing"] / 1e6, "ms", REPORTS_LIMIT)
     print_settings(build)
     print_signals(build)
+    print_services(build)
 
     empty, core = [], []
     for _ in range(HOST_RUNS):

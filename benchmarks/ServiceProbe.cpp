@@ -182,14 +182,13 @@ static void measureQml(int aCount)
         import QtQml 2.15
         import hmi.shared 1.0
         QtObject {
-            property NotificationManagerWrapper manager: NotificationManagerWrapper {}
+            property NotificationManagerWrapper manager: NotificationManagerWrapper {
+                onNotificationAdded: arrivals.add(notificationId, notificationType, typeId, hasLocation, latitude,
+                                                  longitude)
+            }
             property NotificationListModel list: NotificationListModel {}
             property int shown: list.count
             onShownChanged: arrivals.count(shown)
-            // No handler has the name of a signal that begins with a capital letter.
-            Component.onCompleted: manager.NotificationAdded.connect(
-                (id, type, typeId, hasLocation, latitude, longitude) =>
-                    arrivals.add(id, type, typeId, hasLocation, latitude, longitude))
         })",
                       {});
     const std::unique_ptr<QObject> screen(component.create());

@@ -13,6 +13,7 @@ struct Event
 {
     std::int64_t nanoseconds; ///< CLOCK_MONOTONIC, nanoseconds
     QString name;
+    int thread; ///< the kernel's id of the thread that raised it
 };
 
 /**
@@ -30,11 +31,14 @@ public:
     /** Records the event with the present time. */
     void raise(const QString& aName) noexcept;
 
+    /** How many events were raised so far; the next one has this position. */
+    std::uint32_t position() const noexcept { return mNext.load(std::memory_order_acquire); }
+
     /**
-     * The recorded events, oldest first. To be read while no other thread raises events; one that is being
-     * written at that moment is left out.
+     * The recorded events from a position on, oldest first. To be read while no other thread raises events;
+     * one that is being written at that moment is left out.
      */
-    QVector<Event> events() const;
+    QVector<Event> events(std::uint32_t aFrom = 0) const;
 
 private:
     struct Slot
@@ -42,6 +46,7 @@ private:
         std::atomic<std::uint32_t> written{
             0}; ///< 1 + the event's sequence number once it is complete, else 0
         std::int64_t nanoseconds = 0;
+        int thread = 0;
         int length = 0;
         std::array<char16_t, MaximumNameLength> name{};
     };

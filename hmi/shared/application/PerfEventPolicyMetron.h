@@ -21,6 +21,9 @@ public:
     /** The events recorded so far, oldest first. */
     QVector<Metron::Event> getEvents() const { return mEvents.events(); }
 
+    /** For recordings of the events; lives as long as the policy. */
+    const Metron::EventRing& getEventRing() const { return mEvents; }
+
 private:
     Metron::EventRing mEvents;
 };

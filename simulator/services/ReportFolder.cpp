@@ -46,7 +46,7 @@ QString ReportFolder::create(QString& aError) const
     QSaveFile file(freePath(mFolder));
     if (file.open(QIODevice::WriteOnly)) {
         write(file);
-        if (file.commit())
+        if (file.flush() && file.commit())
             return file.fileName();
     }
     aError =

@@ -47,7 +47,8 @@ bool Scenario::save(const QString& aFile) const
 {
     QSaveFile file(aFile);
     const QByteArray content = QJsonDocument(toJson(*this)).toJson();
-    if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.commit())
+    if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.flush() &&
+        file.commit())
         return true;
     Console::printError(QStringLiteral("The recording '%1' cannot be written (%2); nothing is kept of it.")
                             .arg(aFile, file.errorString()));

@@ -83,10 +83,10 @@ void UserWords::save(const QString& aFilePath, const QStringList& aWords, QStrin
 {
     QDir().mkpath(QFileInfo(aFilePath).path());
     QSaveFile file(aFilePath);
-    const bool opened = file.open(QIODevice::WriteOnly);
-    if (opened)
-        file.write(aWords.join(QLatin1Char('\n')).toUtf8());
-    if (!opened || !file.commit())
+    const QByteArray content = aWords.join(QLatin1Char('\n')).toUtf8();
+    // Without flush() commit() would not see that the rest of a short file found no room.
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.flush() ||
+        !file.commit())
         aProblem = file.errorString();
 }
 

@@ -24,7 +24,9 @@ bool save(const QString& aFilePath)
     SettingsManager::instance()->toJson(settings);
     const QByteArray content = QJsonDocument(settings).toJson();
     QSaveFile file(aFilePath);
-    if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.commit())
+    // Without flush() commit() would not see that the rest of a short file found no room.
+    if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.flush() &&
+        file.commit())
         return true;
     qCWarning(
         hmiShared,

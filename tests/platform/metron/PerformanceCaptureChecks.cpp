@@ -5,14 +5,13 @@
 #include <QJsonObject>
 #include <QTemporaryDir>
 #include <QThread>
-#include <csignal>
 #include <gtest/gtest.h>
 #include <memory>
-#include <sys/resource.h>
 #include <tuple>
 
 #include <platform/metron/PerformanceCapture.h>
 #include <tests/support/FilesAndWaits.h>
+#include <tests/support/FullMedium.h>
 
 using namespace Metron;
 using Text = QLatin1String;
@@ -188,15 +187,10 @@ TEST_F(PerformanceRecordings, AreWrittenWholeOrNotAtAll)
     HmiTest::writeFile(mFolder, "r.json", "earlier");
     for (const QString& target : {path("no/r.json"), mFolder.path(), QString(Text("/proc/r.json"))})
         EXPECT_EQ(mCapture.SaveTestResultJson(target), CannotWrite) << qPrintable(target);
-    rlimit unlimited{};
-    getrlimit(RLIMIT_FSIZE, &unlimited);
-    const rlimit limited{100, unlimited.rlim_max};
-    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-    setrlimit(RLIMIT_FSIZE, &limited);
-    const unsigned long code = mCapture.SaveTestResultJson(path("r.json"));
-    setrlimit(RLIMIT_FSIZE, &unlimited);
-    std::signal(SIGXFSZ, handler);
-    EXPECT_EQ(code, CannotWrite) << "as on a full disk";
+    {
+        const HmiTest::FullMedium full(100);
+        EXPECT_EQ(mCapture.SaveTestResultJson(path("r.json")), CannotWrite);
+    }
     EXPECT_EQ(HmiTest::readFile(path("r.json")), "earlier");
     EXPECT_EQ(HmiTest::joined(QDir(mFolder.path()).entryList(QDir::Files)), "d.json,r.json");
 }

@@ -28,7 +28,8 @@ static QString write(const QImage& aImage, const QString& aFilePath)
     if (!file.open(QIODevice::WriteOnly))
         return file.errorString();
     const bool encoded = aImage.save(&file, "PNG");
-    return encoded && file.commit() ? QString() : file.errorString();
+    // Without flush() commit() would not see that the rest of a short file found no room.
+    return encoded && file.flush() && file.commit() ? QString() : file.errorString();
 }
 
 PagePrintManager::PagePrintManager(const QString& aFolder) : mFolder(aFolder) {}

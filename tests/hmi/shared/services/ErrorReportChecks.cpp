@@ -3,12 +3,11 @@
 
 #include <QDir>
 #include <QMetaProperty>
-#include <csignal>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <tests/support/ExpectedMessages.h>
 #include <tests/support/FilesAndWaits.h>
+#include <tests/support/FullMedium.h>
 
 using namespace Hmi::Shared;
 using namespace HmiTest;
@@ -98,16 +97,11 @@ TEST_F(ErrorReports, LeaveNothingInAFullExportFolder)
 {
     writeFile(folder, "large.xml", QByteArray(100000, 'x'));
     const ErrorReportModel model(path("uploaded"), exportFolder.path());
-    // A file that may not grow is what a full medium is to who writes it.
-    rlimit before{};
-    ::getrlimit(RLIMIT_FSIZE, &before);
-    const rlimit full{50000, before.rlim_max};
-    const auto usual = std::signal(SIGXFSZ, SIG_IGN);
-    ::setrlimit(RLIMIT_FSIZE, &full);
     expectWarning(QStringLiteral("Could not copy log file %1 to uploaded folder").arg(path("large.xml")));
-    model.copyErrorLog(path("large.xml"));
-    ::setrlimit(RLIMIT_FSIZE, &before);
-    std::signal(SIGXFSZ, usual);
+    {
+        const FullMedium full(50000);
+        model.copyErrorLog(path("large.xml"));
+    }
     EXPECT_TRUE(QDir(exportFolder.path()).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
 }
 

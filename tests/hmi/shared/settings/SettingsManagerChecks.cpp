@@ -4,6 +4,7 @@
 #include <QPointer>
 #include <hmi/shared/application/modules/HmiSharedGlobal.h>
 #include <hmi/shared/settings/SettingLocaleSystem.h>
+#include <tests/support/FullMedium.h>
 #include <tuple>
 
 #include "SettingsStore.h"
@@ -173,5 +174,12 @@ TEST_F(Settings, AreExportedAndImportedByName)
     warns("The settings file 'nowhere/krvx_settings.json' was not written: .*");
     warns("The settings file 'nowhere/krvx_settings.json' was not imported.*");
     EXPECT_FALSE(global->exportSettings(QStringLiteral("nowhere")));
+    warns("The settings file '.*' was not written: .*");
+    writeFile(mFolder, "krvx_settings.json", "earlier");
+    {
+        const HmiTest::FullMedium full(10);
+        EXPECT_FALSE(global->exportSettings(mFolder.path()));
+    }
+    EXPECT_EQ(HmiTest::readFile(mFolder.filePath(QStringLiteral("krvx_settings.json"))), "earlier");
     EXPECT_FALSE(global->importSettings(QStringLiteral("nowhere")));
 }

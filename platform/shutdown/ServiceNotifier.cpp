@@ -15,7 +15,7 @@ static std::chrono::milliseconds watchdogPeriod()
     if (enabled < 0)
         qWarning("The watchdog is not fed: WATCHDOG_USEC or WATCHDOG_PID of the environment is no number.");
     // More than a day is as good as a day.
-    const std::uint64_t milliseconds = std::min<std::uint64_t>(microseconds / 2000, 24 * 3600 * 1000);
+    const std::uint64_t milliseconds = std::min<std::uint64_t>(microseconds / 2000, 86400000);
     return std::chrono::milliseconds(enabled > 0 ? std::max<std::uint64_t>(milliseconds, 1) : 0);
 }
 

@@ -17,6 +17,7 @@ TEST(ShutdownWatchThreads, NameEachLateStepOnce)
 TEST(ShutdownWatchThreadsDeathTest, EndTheProcessWithTheSecondSignal)
 {
     const auto run = [] {
+        qInstallMessageHandler(nullptr);
         QT::ShutdownWatch watch;
         watch.beginStep(QStringLiteral("stuck"));
         std::raise(SIGINT);

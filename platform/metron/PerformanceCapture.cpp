@@ -47,7 +47,7 @@ unsigned long PerformanceCapture::LoadDescriptorFile(const QString& aPath)
     return finish(fault);
 }
 
-unsigned long PerformanceCapture::StartRecording(const QString& aName)
+unsigned long PerformanceCapture::StartRecording(const QString& aName, Since aSince)
 {
     const QString refusal = QStringLiteral("The recording '%1' is not started: %2.").arg(aName);
     if (!mDescriptor)
@@ -60,7 +60,7 @@ unsigned long PerformanceCapture::StartRecording(const QString& aName)
             {NotItsName,
              refusal.arg(QStringLiteral("its descriptor has the name '%1'").arg(mDescriptor->getName()))});
     mResults.reset();
-    mFrom = mEvents.position();
+    mFrom = aSince == Since::FirstEvent ? 0 : mEvents.position();
     return finish({});
 }
 

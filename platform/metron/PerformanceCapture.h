@@ -27,9 +27,13 @@ public:
     /** Reads the descriptor of the next recording. AlreadyRecording while one runs. */
     unsigned long LoadDescriptorFile(const QString& aPath);
 
-    /** From now on events belong to the recording, whose name has to be the descriptor's. Drops earlier
-     * results. */
-    unsigned long StartRecording(const QString& aName);
+    enum class Since {
+        Now,
+        FirstEvent ///< with what was raised before, as far as the ring still has it
+    };
+
+    /** Which events belong to the recording, whose name has to be the descriptor's. Drops earlier results. */
+    unsigned long StartRecording(const QString& aName, Since aSince = Since::Now);
 
     /**
      * Ends the recording, also when that is NothingRecorded. Its results are the latest events that the

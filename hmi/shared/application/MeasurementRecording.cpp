@@ -61,11 +61,18 @@ bool MeasurementRecording::begin(const QString& aName)
     return !mRunning.isEmpty();
 }
 
+/** The start-up has begun when its recording can be: the configuration says where its descriptor is. */
+static Metron::PerformanceCapture::Since sinceOf(const QString& aName)
+{
+    using Since = Metron::PerformanceCapture::Since;
+    return phaseOf(aName) == QLatin1String("Startup") ? Since::FirstEvent : Since::Now;
+}
+
 bool MeasurementRecording::start(const QString& aName, const QString& aDescriptor)
 {
     if (const unsigned long code = mCapture.LoadDescriptorFile(aDescriptor)) {
         qCWarning(hmiShared, "LoadDescriptorFile (%s) returned: %lu", qUtf8Printable(aDescriptor), code);
-    } else if (const unsigned long startCode = mCapture.StartRecording(aName)) {
+    } else if (const unsigned long startCode = mCapture.StartRecording(aName, sinceOf(aName))) {
         qCWarning(hmiShared, "StartRecording returned: %lu", startCode);
     } else {
         qCInfo(hmiShared, "metronBegin%sRecording", qUtf8Printable(phaseOf(aName)));

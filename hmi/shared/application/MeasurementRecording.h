@@ -10,8 +10,8 @@ namespace Hmi::Shared {
 /**
  * Measures the start-up and the shutdown of an application, when somebody asks for it by putting a descriptor
  * into the measurement directory: "ApplicationStartup.json" leads to "ApplicationStartup_res.json", a trace
- * of the performance events from begin() to end(), and "ApplicationShutdown" likewise. Without a descriptor
- * nothing is recorded and nothing written.
+ * of the performance events up to end(), and "ApplicationShutdown" likewise, from begin() on. Without a
+ * descriptor nothing is recorded and nothing written.
  *
  * The application owns it, on the main thread; the ring is that of its PerfEventPolicyMetron and outlives it.
  * Whatever goes wrong is logged, a number in a warning and its reason in an info after it, and never stops

@@ -377,6 +377,7 @@ QtObject {
         EXPECT_TRUE(shown) << line.toStdString();
     };
     serve();
+    EXPECT_TRUE(simulator->says("call GetCurrentNotifications"));
     simulator->command("notify add fuel low 50.5 8");
     shows(QStringLiteral("1 fuel low 0 50.5"));
     simulator->command("notify add door open");

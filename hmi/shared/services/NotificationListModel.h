@@ -21,8 +21,8 @@ namespace Hmi::Shared {
  *
  * It asks the service once for what there is and follows its signals from then on, without ever waiting.
  * While the service is away the list is empty; when it returns, it is asked again. The service knows no
- * description, so that is the type-specific identifier; the priority of what was added later is 0. GUI thread
- * only.
+ * description, so that is the type-specific identifier. Its list has priorities and no positions, its signals
+ * positions and no priorities: what is not told is 0 and UnknownPosition. GUI thread only.
  */
 class Q_DECL_EXPORT NotificationListModel
     : public Core::ObjectListModelT<NotificationFramework::NotificationModel*>

@@ -152,7 +152,7 @@ TEST_F(PerformanceRecordings, HaveSpansThatViewersCanNest)
         EXPECT_EQ(eventsOf(recorded("{'name': 'Check'}", raised)), events) << raised;
 }
 
-TEST_F(PerformanceRecordings, GiveMicrosecondsAndTheNamesOfProcessAndThreads)
+TEST_F(PerformanceRecordings, GiveMicrosecondsAndSayWhoseTheyAre)
 {
     const QJsonArray events =
         recorded("{'name': 'Check'}", "AStart BStart BEnd +x AEnd")[Text("traceEvents")].toArray();

@@ -20,6 +20,12 @@ Function findNext(const char* aSymbol)
 
 } // namespace
 
+/**
+ * Memory that Qt's libraries allocate in one thread and free in another, as they do for events between
+ * threads: what orders that is inside of them, unseen as well.
+ */
+extern "C" Q_DECL_EXPORT const char* __tsan_default_options() { return "ignore_noninstrumented_modules=1"; }
+
 void QMutex::lock() QT_MUTEX_LOCK_NOEXCEPT
 {
     static const auto sNext = findNext<void (*)(QMutex*)>("_ZN6QMutex4lockEv");

@@ -112,6 +112,7 @@ TEST_F(ApplicationProcess, EndsInOrderHoweverItIsAsked)
     };
     const std::string usual = sUsualOutput;
     const Row rows[] = {{"quit", 0, "map up;radio up;screens;settings false 3;"},
+                        {"request-after-init", 0, "map up;radio up;screens;settings false 3;screens gone;"},
                         {"", SIGINT, usual},
                         {"task", SIGTERM, usual},
                         {"signal-before-init", 0, ""},

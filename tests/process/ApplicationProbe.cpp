@@ -102,6 +102,8 @@ protected:
                 .arg(settings->getSettingValue(SettingsManager::FirstBootName).toString(),
                      settings->getSettingValue(SettingsManager::VersionPreviousName).toString()));
         QTimer::singleShot(0, this, [] { say(QStringLiteral("started")); });
+        if (isWanted("request-after-init"))
+            requestShutdown();
     }
     void finishTask() override { mTaskDone = true; }
     void clearViewerApp() override { say(QStringLiteral("screens gone")); }

@@ -122,7 +122,8 @@ void Application::init()
     postInit();
     QMetaObject::invokeMethod(&smPostInitCallbackHandler, &CallbackHandler::handleCallbacks,
                               Qt::QueuedConnection);
-    watchForShutdown();
+    if (smInitialized)
+        watchForShutdown();
 }
 
 /** False when a stage, or a shutdown behind one, ended it. */
@@ -206,7 +207,8 @@ void Application::requestShutdown()
     if (!smInitialized)
         return;
     smInstance->shutDownInOrder();
-    quit();
+    // exec() may not have begun yet.
+    QMetaObject::invokeMethod(smInstance, &QCoreApplication::quit, Qt::QueuedConnection);
 }
 
 void Application::shutDownStep(QT::ShutdownWatch& aWatch, const QString& aName, void (Application::*aStage)())
@@ -220,7 +222,8 @@ void Application::shutDownStep(QT::ShutdownWatch& aWatch, const QString& aName, 
 void Application::shutDownInOrder()
 {
     QT::ShutdownWatch watch;
-    mServiceNotifier->stopping();
+    if (mServiceNotifier)
+        mServiceNotifier->stopping();
     mShutdownManager.reset();
     smInitialized = false;
     mRecording->begin(QStringLiteral("ApplicationShutdown"));

@@ -12,6 +12,7 @@
 #include <hmi/shared/application/Application.h>
 #include <hmi/shared/application/PerfEventPolicyMetron.h>
 #include <hmi/shared/application/modules/ModuleManager.h>
+#include <hmi/shared/services/TaskStatusReceiverPermissions.h>
 #include <hmi/shared/settings/SettingsManager.h>
 
 using namespace Hmi::Shared;
@@ -80,7 +81,8 @@ protected:
             holdBack();
             return false;
         }
-        return Application::initModules();
+        setPermissionsTask(std::make_unique<TaskStatusReceiverPermissions>());
+        return !isWaitingForTask() && Application::initModules();
     }
     void initServices() override
     {

@@ -263,16 +263,21 @@ void Application::handleTrimMemoryQtThread(MemoryLevel aMemoryLevel)
 
 void Application::setInstallationTask(std::unique_ptr<TaskStatusReceiver> aTask)
 {
-    mInstallationTask = std::move(aTask);
-    connect(mInstallationTask.get(), &TaskStatusReceiver::taskStatusChanged, this,
-            &Application::handleTaskChangedInstallation);
+    watchTask(mInstallationTask, std::move(aTask), &Application::handleTaskChangedInstallation);
 }
 
 void Application::setPermissionsTask(std::unique_ptr<TaskStatusReceiver> aTask)
 {
-    mPermissionsTask = std::move(aTask);
-    connect(mPermissionsTask.get(), &TaskStatusReceiver::taskStatusChanged, this,
-            &Application::handleTaskChangedPermissions);
+    watchTask(mPermissionsTask, std::move(aTask), &Application::handleTaskChangedPermissions);
+}
+
+void Application::watchTask(std::unique_ptr<TaskStatusReceiver>& aWatched,
+                            std::unique_ptr<TaskStatusReceiver> aTask, void (Application::*aSlot)())
+{
+    if (aTask->getTaskStatus() != TaskStatusReceiver::TaskPending)
+        return;
+    aWatched = std::move(aTask);
+    connect(aWatched.get(), &TaskStatusReceiver::taskStatusChanged, this, aSlot);
 }
 
 void Application::handleTaskChangedInstallation()

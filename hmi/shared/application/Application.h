@@ -168,6 +168,7 @@ protected:
     /**
      * Tasks that may hold start-up back: when one succeeds init() is called again, when it fails the
      * application quits. Whether one is still under way is for initModules() to say, with isWaitingForTask().
+     * One that has ended already holds nothing back.
      */
     void setInstallationTask(std::unique_ptr<TaskStatusReceiver> aTask);
     void setPermissionsTask(std::unique_ptr<TaskStatusReceiver> aTask);
@@ -181,6 +182,8 @@ private:
     void shutDownInOrder();
     void deleteInstances();
     void shutDownStep(QT::ShutdownWatch& aWatch, const QString& aName, void (Application::*aStage)());
+    void watchTask(std::unique_ptr<TaskStatusReceiver>& aWatched, std::unique_ptr<TaskStatusReceiver> aTask,
+                   void (Application::*aSlot)());
     void takeTaskResult(std::unique_ptr<TaskStatusReceiver>& aTask, const char* aFailure);
     static bool isShutdownRequested();
 

@@ -9,6 +9,7 @@ import tempfile
 import time
 
 from signals import signal_times
+from startup import startup_times
 
 # row, ours, peer, the most that the ratio may be (None: for the record)
 RATIOS = [
@@ -71,6 +72,14 @@ SERVICE_RATIOS = [
     *((f"services, signal, {label}: {row} / bare slot", f"{ours}/{what}", f"slot/{what}", None)
       for what, label in (("median", "median"), ("percentile99", "99 %"))
       for row, ours in (("QML handler", "handler"), ("QML binding", "binding"))),
+]
+# Whole processes: what an application with all subsystems on adds to an empty one with an engine.
+STARTUP_ROWS = [
+    ("main", "start-up: process and libraries, until main()", "ms", None),
+    ("construction", "start-up: construction", "ms", None),
+    ("up", "start-up: from the process to initEnd", "ms", 8),
+    ("memory", "start-up: private memory", "kB", 1536),
+    ("end", "shutdown: from the request to the end", "ms", 15),
 ]
 NOTIFICATION_LIMIT = 1e6  # nanoseconds
 SERVICE_ROUNDS = 3
@@ -220,6 +229,15 @@ def print_services(build):
         print_single(f"services, signal, median: QML {ours}", times[f"{ours}/median"], "ns", NOTIFICATION_LIMIT)
 
 
+def print_startup(build):
+    measured, spans = startup_times(build)
+    for key, label, unit, limit in STARTUP_ROWS:
+        empty, whole, added = measured[key]
+        print(f"{label:52} {whole:9.1f} {unit} {empty:9.1f} {unit} {added:+7.2f}  {verdict(added, limit, unit)}")
+    for name, duration in spans.items():
+        print_single(f"start-up, trace: {name}", duration, "ms", None)
+
+
 def verdict(value, limit, unit=""):
     if limit is None:
         return "for the record"
@@ -236,6 +254,7 @@ def main():
     print_settings(build)
     print_signals(build)
     print_services(build)
+    print_startup(build)
 
     empty, core = [], []
     for _ in range(HOST_RUNS):

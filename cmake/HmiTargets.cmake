@@ -41,6 +41,8 @@ function(hmi_add_library target alias)
     add_library(${alias} ALIAS ${target})
     set_target_properties(${target} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
     target_link_libraries(${target} PRIVATE hmi_settings)
+    # As Qt does with its own: half of the look-ups when a process starts.
+    target_link_options(${target} PRIVATE -Wl,-Bsymbolic-functions)
     target_include_directories(${target} INTERFACE $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>)
 endfunction()
 

@@ -33,15 +33,6 @@ void ServiceNotifier::stopping() { send("STOPPING=1"); }
 
 void ServiceNotifier::status(const QString& aText) { send("STATUS=" + aText.toUtf8().replace('\n', ' ')); }
 
-QProcessEnvironment ServiceNotifier::childEnvironment()
-{
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    for (const QString& name :
-         {QStringLiteral("NOTIFY_SOCKET"), QStringLiteral("WATCHDOG_USEC"), QStringLiteral("WATCHDOG_PID")})
-        environment.remove(name);
-    return environment;
-}
-
 void ServiceNotifier::send(const QByteArray& aMessage)
 {
     const int result = sd_notify(0, aMessage.constData());

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QObject>
-#include <QProcessEnvironment>
 #include <QString>
 #include <QTimer>
 
@@ -35,9 +34,6 @@ public:
     void stopping();
     /** For people, as shown by systemctl; line ends become blanks. */
     void status(const QString& aText);
-
-    /** This process's environment without what systemd says to this process alone. Any thread. */
-    static QProcessEnvironment childEnvironment();
 
 private:
     void send(const QByteArray& aMessage);

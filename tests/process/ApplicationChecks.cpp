@@ -1,4 +1,5 @@
 #include "ChildProcess.h"
+#include "NotifySocket.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -182,6 +183,18 @@ TEST_F(ApplicationProcess, LogsAsTheCommandLineSays)
         QStringLiteral("Writes logging output to file:hmi_probe<n>.log (-q option takes precedence)")));
 }
 
+TEST_F(ApplicationProcess, TellsTheServiceManagerWhenItIsUpAndWhenItEnds)
+{
+    const NotifySocket socket;
+    mEnvironment.insert(QStringLiteral("NOTIFY_SOCKET"), socket.path());
+    start("");
+    EXPECT_EQ(socket.receive(), "READY=1");
+    ASSERT_TRUE(says("callback"));
+    signal(SIGTERM);
+    EXPECT_EQ(socket.receive(), "STOPPING=1");
+    EXPECT_EQ(end(), 0);
+}
+
 TEST_F(ApplicationProcess, RecordsItsStartAndItsShutdown)
 {
     QDir(mFolder.path()).mkpath(QStringLiteral("var/metron"));
@@ -191,7 +204,8 @@ TEST_F(ApplicationProcess, RecordsItsStartAndItsShutdown)
     EXPECT_EQ(end(), 0);
     const QByteArray startUp =
         readFile(mFolder.filePath(QStringLiteral("var/metron/ApplicationStartup_res.json")));
-    EXPECT_TRUE(startUp.contains("Hmi/Core/loadConfig") && startUp.contains("hmi/probe/initEnd"))
+    EXPECT_TRUE(startUp.contains("Hmi/Core/loadConfig") && startUp.contains("hmi/probe/initEnd") &&
+                startUp.contains("\"Hmi/Shared/initLibrary\""))
         << startUp.toStdString();
     const QByteArray shutdown =
         readFile(mFolder.filePath(QStringLiteral("var/metron/ApplicationShutdown_res.json")));

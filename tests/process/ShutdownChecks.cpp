@@ -1,13 +1,10 @@
 #include "ChildProcess.h"
+#include "NotifySocket.h"
 
 #include <QProcess>
 #include <QRegularExpression>
-#include <QTemporaryDir>
 #include <csignal>
 #include <gtest/gtest.h>
-#include <sys/socket.h>
-#include <sys/un.h>
-#include <unistd.h>
 
 namespace {
 
@@ -80,28 +77,19 @@ TEST(Shutdown, LeavesNothingToChildren)
 
 TEST(Shutdown, IsToldToTheServiceManager)
 {
-    const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("notify"));
-    const int socket = ::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0);
-    sockaddr_un address = {};
-    address.sun_family = AF_UNIX;
-    qstrncpy(address.sun_path, path.toLocal8Bit().constData(), sizeof(address.sun_path));
-    ASSERT_EQ(::bind(socket, reinterpret_cast<const sockaddr*>(&address), sizeof(address)), 0);
-    const timeval bound{60, 0};
-    ::setsockopt(socket, SOL_SOCKET, SO_RCVTIMEO, &bound, sizeof(bound));
+    const NotifySocket socket;
+    ASSERT_TRUE(socket.isBound());
+    const QString path = socket.path();
     QProcess process;
     process.setProcessEnvironment(serviceEnvironment(path));
     process.start(QStringLiteral(HMI_SHUTDOWN_PROBE),
                   QStringLiteral("manager notify loop stopping").split(QLatin1Char(' ')));
     std::string told;
     for (int messages = 0; messages < 100 && told.find("STOPPING=1\n") == std::string::npos; ++messages) {
-        char message[256];
-        told += std::string(message, size_t(qMax(::recv(socket, message, sizeof(message), 0), ssize_t(0))));
-        told += '\n';
+        told += socket.receive() + '\n';
         if (messages == 3)
             ::kill(pid_t(process.processId()), SIGTERM);
     }
-    ::close(socket);
     EXPECT_EQ(told.find("READY=1\nSTATUS=drives WATCHDOG=trigger\nWATCHDOG=1\nWATCHDOG=1\n"), 0U) << told;
     EXPECT_TRUE(process.waitForFinished(60000) && process.exitCode() == 0);
     EXPECT_STREQ(qPrintable(probe("notify stopping").output), "");

@@ -14,6 +14,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <platform/shutdown/ChildEnvironment.h>
 #include <platform/shutdown/ServiceNotifier.h>
 #include <platform/shutdown/ShutdownManager.h>
 #include <platform/shutdown/ShutdownWatch.h>
@@ -50,7 +51,7 @@ void runChild()
 {
     QProcess child;
     child.setProcessChannelMode(QProcess::ForwardedChannels);
-    child.setProcessEnvironment(QT::ServiceNotifier::childEnvironment());
+    child.setProcessEnvironment(QT::childEnvironment());
     child.start(
         QStringLiteral("/bin/sh"),
         {QStringLiteral("-c"), QStringLiteral("echo $(grep Sig[BI] /proc/$$/status) $(ls /proc/$$/fd) "

@@ -6,6 +6,8 @@
 #include <QStandardPaths>
 #include <QTimer>
 
+#include <platform/shutdown/ChildEnvironment.h>
+
 namespace Hmi::Core {
 
 static bool isProgram(const QString& aProgram)
@@ -50,6 +52,7 @@ int ProcessLauncher::launch(const QString& aProgram, const QStringList& aArgumen
     // Output that nobody reads must not pile up in this process.
     process->setProcessChannelMode(QProcess::ForwardedChannels);
     process->setStandardInputFile(QProcess::nullDevice());
+    process->setProcessEnvironment(QT::childEnvironment());
     process->start(aProgram, aArguments);
     if (process->state() == QProcess::NotRunning) {
         const QString reason = process->errorString();

@@ -12,8 +12,9 @@ class QProcess;
 namespace Hmi::Core {
 
 /**
- * Runs child processes for the HMI and reports how they end. A child reads nothing (its input is empty), and
- * its output goes where the HMI's own goes.
+ * Runs child processes for the HMI and reports how they end. A child reads nothing (its input is empty),
+ * its output goes where the HMI's own goes, and it gets the HMI's environment without what systemd says to the
+ * HMI alone.
  *
  * Every id that launch() returned ends with exactly one of finished() and failed(), never before launch()
  * has returned, unless the launcher goes away first: that terminates the children still running, and kills

@@ -126,24 +126,45 @@ void Application::init()
         watchForShutdown();
 }
 
+/** Runs a stage of start-up as a span of the trace. */
+template <class Stage>
+auto Application::runStage(const QString& aName, Stage aStage)
+{
+    struct Span
+    {
+        Span(PerfEventPolicyMetron& aPolicy, const QString& aStageName) :
+            policy(aPolicy), name(QStringLiteral("Hmi/Shared/") + aStageName)
+        {
+            policy.raiseEvent(name + QStringLiteral("Start"));
+        }
+        ~Span() { policy.raiseEvent(name + QStringLiteral("End")); }
+
+        PerfEventPolicyMetron& policy;
+        const QString name;
+    };
+    const Span span(*mPerfEventPolicy, aName);
+    return aStage();
+}
+
 /** False when a stage, or a shutdown behind one, ended it. */
 bool Application::startUpInStages()
 {
-    initCore();
+    runStage(QStringLiteral("initCore"), [this] { initCore(); });
     beginStartUpRecording();
     raiseMarker(QStringLiteral("HmiInitStart"));
     if (isShutdownRequested())
         return false;
-    initLibrary();
-    if (isShutdownRequested() || !initModules() || isShutdownRequested())
+    runStage(QStringLiteral("initLibrary"), [this] { initLibrary(); });
+    if (isShutdownRequested() || !runStage(QStringLiteral("initModules"), [this] { return initModules(); }) ||
+        isShutdownRequested())
         return false;
-    initServices();
+    runStage(QStringLiteral("initServices"), [this] { initServices(); });
     if (!mNonBlockingModules)
         qFatal("Application::initNonBlockingModules() must be called by derived classes");
     if (isShutdownRequested())
         return false;
-    initViewerApp();
-    completeSettings();
+    runStage(QStringLiteral("initViewerApp"), [this] { initViewerApp(); });
+    runStage(QStringLiteral("completeSettings"), [this] { completeSettings(); });
     return !isShutdownRequested();
 }
 

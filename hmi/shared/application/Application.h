@@ -58,7 +58,8 @@ class PerfEventPolicyMetron;
  * Whatever ends the event loop begins the shutdown. A product that may go without exec() calls
  * requestShutdown() in its destructor, where its stages still are.
  *
- * Markers of performance are named "hmi/<name>/<marker>". Main thread only, but for requestShutdown() when
+ * Markers of performance are named "hmi/<name>/<marker>"; the stages of start-up are the spans
+ * "Hmi/Shared/<stage>". Main thread only, but for requestShutdown() when
  * nothing is initialised yet.
  */
 class Q_DECL_EXPORT Application : public QGuiApplication
@@ -175,6 +176,8 @@ protected:
     bool isWaitingForTask() const { return mInstallationTask || mPermissionsTask; }
 
 private:
+    template <class Stage>
+    auto runStage(const QString& aName, Stage aStage);
     bool startUpInStages();
     void beginStartUpRecording();
     void completeSettings();

@@ -1,5 +1,7 @@
 #include <hmi/shared/signal-service/SharedTransport.h>
 
+#include <QDir>
+
 #include <hmi/shared/application/HmiSharedConfigs.h>
 #include <hmi/shared/signal-service/TransportProxy.h>
 
@@ -10,7 +12,8 @@ using ::SignalService::TransportProxy;
 /** The last user may go in a slot that the transport called. */
 static std::shared_ptr<TransportProxy> makeTransport()
 {
-    const QString path = HmiSharedConfigs::instance()->getSignalServicePath();
+    // Qt looks for a socket with a relative path in the folder for temporary files.
+    const QString path = QDir().absoluteFilePath(HmiSharedConfigs::instance()->getSignalServicePath());
     return {new TransportProxy(path), [](TransportProxy* aTransport) { aTransport->DeleteWhenIdle(); }};
 }
 

@@ -82,6 +82,14 @@ TEST_F(Launcher, TellsOnceHowAChildEndedByItselfOrWhenAsked)
     EXPECT_FALSE(mLauncher->terminate(mId)) << "it has ended";
 }
 
+TEST_F(Launcher, KeepsToItselfWhatTheServiceManagerSays)
+{
+    qputenv("NOTIFY_SOCKET", "/run/systemd/notify");
+    launchScript("exit ${NOTIFY_SOCKET:+4}");
+    qunsetenv("NOTIFY_SOCKET");
+    EXPECT_EQ(signalsToTheEnd(), "started ended 0");
+}
+
 TEST_F(Launcher, ReportsWhatCannotRun)
 {
     writeFile(mFolder, "text", "#!/no/such/interpreter\n");

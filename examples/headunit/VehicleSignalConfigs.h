@@ -17,10 +17,18 @@ public:
 
     /** Kilometres. */
     QString getOdometer() const;
+    /** Kilometres. */
+    QString getTrip() const;
     /** Metres. */
     QString getFuelRange() const;
+    /** Kilometres per hour. */
+    QString getSpeed() const;
     /** A switch. */
     QString getVehicleMoving() const;
     /** A text, "P" for park. */
     QString getGear() const;
+    /** Degrees Celsius. */
+    QString getAirTemperature() const;
+    /** A switch. */
+    QString getNight() const;
 };

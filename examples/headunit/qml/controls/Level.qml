@@ -1,0 +1,10 @@
+import QtQuick.Controls 2.15
+
+/*! A slider. */
+Slider {
+    property string name
+
+    implicitWidth: 280
+    implicitHeight: 44
+    Accessible.name: name
+}

@@ -1,0 +1,16 @@
+pragma Singleton
+import QtQml 2.15
+
+/*! The time, to the minute: changes when the minute does. */
+QtObject {
+    property date minute: new Date()
+
+    readonly property Timer _timer: Timer {
+        running: true
+        interval: 60000 - minute.getTime() % 60000 + 20
+        onTriggered: {
+            minute = new Date()
+            restart()
+        }
+    }
+}

@@ -1,0 +1,9 @@
+import QtQuick.Controls 2.15
+
+/*! A switch, on or off. */
+Switch {
+    property string name
+
+    implicitHeight: 44
+    Accessible.name: name
+}

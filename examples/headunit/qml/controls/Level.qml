@@ -1,3 +1,4 @@
+import QtQuick 2.15
 import QtQuick.Controls 2.15
 
 /*! A slider. */

@@ -1,6 +1,7 @@
-import QtQml 2.15
 import QtQuick 2.15
 import QtQuick.Controls 2.15
+// After QtQuick, whose Binding is older.
+import QtQml 2.15
 import Hmi.Core 1.0
 import "."
 

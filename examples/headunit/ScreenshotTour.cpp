@@ -10,6 +10,7 @@
 #include <hmi/core/view/ThemeManager.h>
 
 using namespace std::chrono_literals;
+using Hmi::Shared::PagePrintManager;
 
 namespace {
 
@@ -55,7 +56,10 @@ void ScreenshotTour::begin()
     if (mNext > 0)
         return;
     mTimer.disconnect(this);
-    connect(&mTimer, &QTimer::timeout, this, &ScreenshotTour::printAndGoOn);
+    connect(&mTimer, &QTimer::timeout, this, &ScreenshotTour::print);
+    // A picture may take until the next frame, which has to show the same screen.
+    connect(&mPrinter, &PagePrintManager::printed, this, &ScreenshotTour::goOn);
+    connect(&mPrinter, &PagePrintManager::printFailed, this, &ScreenshotTour::goOn);
     openNext();
 }
 
@@ -69,9 +73,14 @@ void ScreenshotTour::openNext()
     mTimer.start(TimeOfStop);
 }
 
-void ScreenshotTour::printAndGoOn()
+void ScreenshotTour::print()
 {
-    mPrinter.print(&mWindow, QLatin1String(Stops[mNext - 1].picture));
+    if (!mPrinter.print(&mWindow, QLatin1String(Stops[mNext - 1].picture)))
+        goOn();
+}
+
+void ScreenshotTour::goOn()
+{
     if (mNext < int(std::size(Stops)))
         openNext();
     else

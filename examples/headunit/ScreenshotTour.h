@@ -25,7 +25,8 @@ public:
 private:
     void begin();
     void openNext();
-    void printAndGoOn();
+    void print();
+    void goOn();
 
     Hmi::Shared::PagePrintManager mPrinter;
     QObject& mWindow;

@@ -169,3 +169,46 @@ TEST(VehicleSignals, MoveTheBindingsOfAProductsPolicy)
             << command.constData() << ": " << screen->property("line").toString().toStdString();
     }
 }
+
+TEST(VehicleSignals, AreUnknownToAProductsPolicyWhileTheLineIsLost)
+{
+    const QTemporaryDir folder;
+    Hmi::Core::ConfigManager config;
+    const QString socket = folder.filePath(QStringLiteral("signals"));
+    auto simulator = std::make_unique<Simulator>(socket);
+    SignalVehiclePolicy vehicle(std::make_shared<SignalService::TransportProxy>(socket),
+                                VehicleSignalConfigs(config));
+    Hmi::Core::RestrictedModeManager restriction;
+    restriction.setPolicy(vehicle.getRestrictedModePolicy());
+    const auto line = [&] {
+        const double numbers[] = {vehicle.getSpeed(), vehicle.getTripDistance(), vehicle.getAirTemperature(),
+                                  vehicle.getDrivenDistance()};
+        QString text = vehicle.getGear();
+        for (const double number : numbers)
+            text += QLatin1Char(' ') + QString::number(number);
+        return text + (vehicle.getNight() ? QStringLiteral(" night") : QString()) +
+               (vehicle.getOnline() ? QString() : QStringLiteral(" away")) +
+               (restriction.isRestrictedModeOn() ? QStringLiteral(" restricted") : QString());
+    };
+    const std::pair<QByteArray, const char*> rows[] = {
+        {"set Vehicle.Speed 12.5", " 12.5 nan nan nan"},
+        {"set Vehicle.TripMeterReading 1.5", " 12.5 1500 nan nan"},
+        {"set Vehicle.Exterior.AirTemperature -7.5", " 12.5 1500 -7.5 nan"},
+        {"set Vehicle.TraveledDistance 100.0", " 12.5 1500 -7.5 0"},
+        {"set Vehicle.TraveledDistance 100.25", " 12.5 1500 -7.5 250"},
+        {"set Vehicle.Cabin.Lights.IsNight true", " 12.5 1500 -7.5 250 night"},
+        {"set Vehicle.Powertrain.Transmission.SelectedGear P", "P 12.5 1500 -7.5 250 night"},
+        {"quit", " nan 1500 -7.5 250 night away restricted"},
+        {"", " nan 1500 -7.5 250 night restricted"},
+        {"set Vehicle.Powertrain.Transmission.SelectedGear P", "P nan 1500 -7.5 250 night"},
+        {"set Vehicle.Speed 3.5", "P 3.5 1500 -7.5 250 night"},
+    };
+    for (const auto& [command, expected] : rows) {
+        if (command.isEmpty())
+            simulator = std::make_unique<Simulator>(socket);
+        else
+            simulator->command(command);
+        EXPECT_TRUE(waitUntil([&, text = expected] { return line() == QLatin1String(text); }))
+            << command.constData() << ": " << line().toStdString();
+    }
+}

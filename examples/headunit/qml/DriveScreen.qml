@@ -68,11 +68,17 @@ Screen {
         text: qsTr("No connection to the vehicle")
     }
 
-    Grid {
-        anchors { left: parent.left; right: parent.right; bottom: parent.bottom; bottomMargin: Look.spacing }
-        columns: 4
+    Reading {
+        objectName: "airTemperature"
+        anchors { right: parent.right; bottom: speed.bottom; bottomMargin: 28 }
+        width: 100
+        caption: qsTr("Outside")
+        text: Formats.temperature(Vehicle.online ? Vehicle.airTemperature : NaN)
+    }
+
+    Row {
+        anchors { left: parent.left; right: parent.right; bottom: parent.bottom; bottomMargin: 2 * Look.spacing }
         spacing: Look.spacing
-        rowSpacing: 2 * Look.spacing
 
         Reading { objectName: "range"; caption: qsTr("Range"); text: Formats.distance(drive.known(Vehicle.fuelRange)) }
         Reading { objectName: "trip"; caption: qsTr("Trip"); text: Formats.distance(drive.known(Vehicle.tripDistance)) }
@@ -80,11 +86,6 @@ Screen {
             objectName: "driven"
             caption: qsTr("Since start")
             text: Formats.distance(drive.known(Vehicle.drivenDistance))
-        }
-        Reading {
-            objectName: "airTemperature"
-            caption: qsTr("Outside")
-            text: Formats.temperature(Vehicle.online ? Vehicle.airTemperature : NaN)
         }
         Reading {
             objectName: "odometer"

@@ -15,7 +15,7 @@ ApplicationWindow {
     width: 800
     height: 480
     title: qsTr("Head unit")
-    color: Look.background
+    background: Rectangle { color: Look.background }
     font { family: Qt.application.font.family; pixelSize: Look.font }
     palette {
         window: Look.surface

@@ -15,7 +15,7 @@ Screen {
         property alias text: value.text
 
         spacing: 4
-        width: 150
+        width: 142
 
         Words {
             id: caption
@@ -89,6 +89,7 @@ Screen {
         }
         Reading {
             objectName: "odometer"
+            width: 154
             caption: qsTr("Odometer")
             text: Formats.odometer(drive.known(Vehicle.odometer > 0 ? Vehicle.odometer : NaN))
         }

@@ -6,41 +6,46 @@
 #include <hmi/core/foundation/ConfigManager.h>
 #include <hmi/core/language/LanguageManager.h>
 #include <hmi/core/view/ThemeManager.h>
+#include <hmi/shared/application/modules/HmiSharedGlobal.h>
+#include <hmi/shared/settings/DataManagerWrapper.h>
+#include <hmi/shared/settings/Setting.h>
 #include <hmi/shared/settings/SettingsManager.h>
 #include <hmi/shared/signal-service/TransportProxy.h>
-#include <tests/hmi/shared/settings/SettingsStore.h>
 #include <tests/process/Simulator.h>
+#include <tests/support/ExpectedMessages.h>
+#include <tests/support/PrivateBus.h>
 
+using Hmi::Shared::DataManagerWrapper;
 using Hmi::Shared::SettingsManager;
 using HmiTest::waitUntil;
 
-namespace {
-
-struct AppearanceOf : HmiTest::SettingsStore
+static void set(const char* aName, const QVariant& aValue)
 {
-    static void set(const char* aName, const QVariant& aValue)
-    {
-        EXPECT_TRUE(SettingsManager::instance()->getSetting(QLatin1String(aName))->setValue(aValue));
-    }
-    static void use(const char* aProfile)
-    {
-        Hmi::Shared::DataManagerWrapper::instance()->setActiveUserProfile(QLatin1String(aProfile));
-    }
-};
+    EXPECT_TRUE(SettingsManager::instance()->getSetting(QLatin1String(aName))->setValue(aValue));
+}
 
-} // namespace
-
-TEST_F(AppearanceOf, TheHeadUnitFollowsTheActiveProfileAndTheNight)
+static void use(const char* aProfile)
 {
-    HmiTest::writeFile(mFolder, "product.ini",
+    DataManagerWrapper::instance()->setActiveUserProfile(QLatin1String(aProfile));
+}
+
+TEST(Appearance, FollowsTheActiveProfileAndTheNight)
+{
+    ASSERT_TRUE(HmiTest::PrivateBus::start());
+    const QTemporaryDir folder;
+    HmiTest::writeFile(folder, "DataManagerConf.ini", "[Storage]\nPath=settings.db\n");
+    HmiTest::writeFile(folder, "product.ini",
                        "[HmiCore]\nThemesPath=" HMI_HEADUNIT_DATA "/themes\n"
-                       "LanguagesPath=" HMI_HEADUNIT_DATA "/translations\n");
+                       "LanguagesPath=" HMI_HEADUNIT_DATA "/translations\n[HmiShared]\n"
+                       "DataManagerEnabled=true\nDataManagerConfigPath=DataManagerConf.ini\n");
     auto& config = *Hmi::Core::ConfigManager::instance();
-    ASSERT_TRUE(config.load(mFolder.filePath(QStringLiteral("product.ini"))));
-    start();
-    SettingsManager::addSharedSettings();
-    delete Manager::instance()->addNewUserProfile(QStringLiteral("Anna"));
-    const QString socket = mFolder.filePath(QStringLiteral("signals"));
+    ASSERT_TRUE(config.load(folder.filePath(QStringLiteral("product.ini"))));
+    auto& global = *Hmi::Shared::HmiSharedGlobal::instance();
+    global.getEnvironmentManager()->completeStartup();
+    HmiTest::expectMessageMatching(QtCriticalMsg, QStringLiteral("resourcesPath: .*"));
+    global.startUp();
+    delete DataManagerWrapper::instance()->addNewUserProfile(QStringLiteral("Anna"));
+    const QString socket = folder.filePath(QStringLiteral("signals"));
     Simulator simulator(socket);
     SignalVehiclePolicy vehicle(std::make_shared<SignalService::TransportProxy>(socket),
                                 VehicleSignalConfigs(config));
@@ -76,8 +81,9 @@ TEST_F(AppearanceOf, TheHeadUnitFollowsTheActiveProfileAndTheNight)
         EXPECT_TRUE(waitUntil([&] { return seen() == row.languageAndTheme; }))
             << row.action << ": " << seen().toStdString();
     }
-    EXPECT_EQ(QCoreApplication::translate("Apps", "Settings"), QLatin1String("Settings"));
     appearance.deInitialize();
     set("theme", Appearance::ThemeNight);
     EXPECT_EQ(Hmi::Core::ThemeManager::instance()->getCurrentTheme(), QLatin1String("day"));
+    global.shutDown(nullptr);
+    HmiTest::PrivateBus::stop();
 }

@@ -25,7 +25,7 @@ ApplicationWindow {
         button: Look.raised
         buttonText: Look.text
         highlight: Look.accent
-        highlightedText: Look.accentText
+        highlightedText: Look.text
         light: Look.raised
         midlight: Look.raised
         mid: Look.raised

@@ -31,8 +31,8 @@ ComboBox {
 
     background: Rectangle {
         radius: Look.radius
-        color: choice.down ? Look.accent : Look.raised
-        border { width: choice.visualFocus ? 2 : 0; color: Look.accent }
+        color: Look.raised
+        border { width: choice.visualFocus || choice.down ? 2 : 0; color: Look.accent }
     }
 
     onActivated: {

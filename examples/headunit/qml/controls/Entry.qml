@@ -14,6 +14,7 @@ TextField {
     implicitHeight: 44
     selectByMouse: true
     color: Look.text
+    selectedTextColor: Look.accentText
     placeholderTextColor: Look.faintText
     Accessible.description: locked ? qsTr("Locked while driving") : ""
 

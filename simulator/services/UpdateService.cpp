@@ -51,6 +51,8 @@ void UpdateService::DownloadUpdate(const QString& aUrl)
     const auto offer = findOffer(aUrl);
     if (offer == mOffers.end())
         return refuseArguments(QStringLiteral("there is no update '%1' to download").arg(aUrl));
+    if (mUrl == aUrl && mDownload.isPaused())
+        return mDownload.resume();
     if (mDownload.isUnderWay())
         return refuse(sBusy, QStringLiteral("the download of '%1' is under way").arg(mUrl));
     mUrl = aUrl;

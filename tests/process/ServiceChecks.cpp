@@ -105,7 +105,8 @@ protected:
             if (phases[phase - 1] == aState)
                 manager->onOumInstallStateChanged(UpdateManager::UpdateInstallState(phase), QString());
         if (aState == Manager::UpdateStateUpdateComplete || aState == Manager::UpdateStateUpdateError)
-            manager->onOumInstallFinished(aState == Manager::UpdateStateUpdateComplete, QString(), QString());
+            manager->onOumInstallFinished(aState == Manager::UpdateStateUpdateComplete, QString(),
+                                          QStringLiteral("failed"));
         ASSERT_EQ(int(manager->getState()), aState);
     }
 
@@ -168,6 +169,7 @@ TEST_F(Update, IgnoresWhatDoesNotFitItsState)
         {[this] { manager->pauseDownload(); }, "PauseDownload \"url\";", {2}, 3},
         {[this] { manager->resumeDownload(); }, "ResumeDownload \"url\";", {3}, 2},
         {[this] { manager->startInstallation(); }, "InstallUpdate \"path\";", {4}, 5},
+        {[this] { manager->retryInstallation(); }, "InstallUpdate \"failed\";", {10}, 5},
         {list({QStringLiteral("url")}), "GetDownloadableUpdateInfo \"url\";", {0, 9, 10}, 1},
         {[this] { manager->onOumAvailableUpdatesChanged({}); }, "", {4}, 0},
         {[this] { manager->onOumInstallStateChanged(UpdateManager::UpdateInstallState(0), {}); }, "", {}, 0},
@@ -244,6 +246,10 @@ TEST_F(Update, OutlivesItsServiceAndHearsNobodyElse)
 {
     // Nobody is there yet: calls are lost, and nothing waits.
     manager->init();
+    EXPECT_FALSE(manager->getServiceAvailable());
+    QObject::connect(manager, &Manager::serviceAvailableChanged, [this] {
+        diary << (manager->getServiceAvailable() ? QStringLiteral("there") : QStringLiteral("away"));
+    });
     manager->checkForUpdates();
     manager->onOumDownloadableUpdatesChanged({QStringLiteral("u")});
     EXPECT_EQ(told(), "size 0,version ,state 1");
@@ -252,6 +258,7 @@ TEST_F(Update, OutlivesItsServiceAndHearsNobodyElse)
     simulator->command("update bandwidth 1000");
     simulator->command("update offer u 1000000 1");
     EXPECT_TRUE(reaches(Manager::UpdateStateUpdateDownloadable));
+    EXPECT_EQ(told(), "state 0,there,size 1000000,version 1,state 1");
     manager->startDownload();
     EXPECT_TRUE(simulator->says("call DownloadUpdate \"u\""));
     EXPECT_TRUE(simulator->answers("service vanish update", "vanished com.korvex.UpdateManager"));
@@ -274,7 +281,7 @@ TEST_F(Update, OutlivesItsServiceAndHearsNobodyElse)
     simulator->command("update signal DownloadProgress u 88");
     EXPECT_TRUE(waitUntil([&] { return manager->getPercent() == 88; }));
     EXPECT_FALSE(percents.contains(66) || percents.contains(77));
-    EXPECT_EQ(manager->getState(), Manager::UpdateStateDownloading);
+    EXPECT_EQ(told(), "state 2,away,there");
     QDBusConnection::disconnectFromBus(QStringLiteral("stranger"));
 }
 
@@ -378,6 +385,7 @@ QtObject {
         });
         EXPECT_TRUE(shown) << line.toStdString();
     };
+    EXPECT_TRUE(waitUntil([&] { return !model->property("serviceAvailable").toBool(); }));
     serve();
     simulator->command("notify add door open");
     shows(QStringLiteral("1 door open 0 999"));
@@ -385,6 +393,9 @@ QtObject {
     shows(QStringLiteral("1 door open 0 999,2 fuel low 0 50.5"));
     simulator->command("notify move 2 51 9");
     shows(QStringLiteral("1 door open 0 999,2 fuel low 0 51"));
+    simulator->command("notify add ice black\nnotify priority 3 4");
+    shows(QStringLiteral("1 door open 0 999,2 fuel low 0 51,3 ice black 4 999"));
+    simulator->command("notify dismiss 3");
     EXPECT_TRUE(waitUntil([&] { return view->property("line") == QStringLiteral("moved 2 true 51 9"); }));
     QVariant described;
     QMetaObject::invokeMethod(view.get(), "describe", Q_RETURN_ARG(QVariant, described));
@@ -395,8 +406,10 @@ QtObject {
     EXPECT_TRUE(
         simulator->answers("service vanish notifications", "vanished com.korvex.NotificationManager"));
     shows(QString());
+    EXPECT_FALSE(model->property("serviceAvailable").toBool());
     EXPECT_TRUE(simulator->answers("service return notifications", "serving com.korvex.NotificationManager"));
     shows(QStringLiteral("1 door open 0 999,2 fuel low 5 999"));
+    EXPECT_TRUE(model->property("serviceAvailable").toBool());
     QMetaObject::invokeMethod(model, "dismiss", Q_ARG(int, 1));
     shows(QStringLiteral("2 fuel low 5 999"));
 }

@@ -96,11 +96,13 @@ TEST_F(ServiceSimulatorProcess, DownloadsAndInstallsInItsTime)
     EXPECT_EQ(outcome(update->ResumeDownload(sUrl)), "NotRunning");
     EXPECT_EQ(outcome(update->PauseDownload(sUrl)), "done");
     EXPECT_EQ(outcome(update->PauseDownload(sUrl)), "NotRunning");
+    EXPECT_EQ(outcome(update->ResumeDownload(sUrl)), "done");
+    EXPECT_EQ(outcome(update->PauseDownload(sUrl)), "done");
     simulator->command("update bandwidth 4000000");
     EXPECT_TRUE(simulator->answers("update state", "download http://maps/1 0 paused"));
     QElapsedTimer clock;
     clock.start();
-    EXPECT_EQ(outcome(update->ResumeDownload(sUrl)), "done");
+    EXPECT_EQ(outcome(update->DownloadUpdate(sUrl)), "done") << "as resuming it";
     EXPECT_TRUE(hears("DownloadProgress http://maps/1 100"));
     EXPECT_GE(clock.elapsed(), 230); // a quarter of a second, less what came before the pause
     EXPECT_TRUE(hears(QStringLiteral("Available ") + sPath));

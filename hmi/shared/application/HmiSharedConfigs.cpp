@@ -15,11 +15,14 @@ static const QString DiagnosticModeEnabled = QStringLiteral("HmiShared/Diagnosti
 static const QString ErrorReportPath = QStringLiteral("HmiShared/ErrorReportPath");
 static const QString ErrorReportPathExport = QStringLiteral("HmiShared/ErrorReportPathExport");
 static const QString EulaPath = QStringLiteral("HmiShared/EulaPath");
+static const QString HardwareEsnPath = QStringLiteral("HmiShared/HardwareEsnPath");
+static const QString HardwareVersionPath = QStringLiteral("HmiShared/HardwareVersionPath");
 static const QString ScaleToFitViewport = QStringLiteral("HmiShared/ScaleToFitViewport");
 static const QString ScaleViewportToFitWindow = QStringLiteral("HmiShared/ScaleViewportToFitWindow");
 static const QString ScreenSnapshotPath = QStringLiteral("HmiShared/ScreenSnapshotPath");
 static const QString SignalServiceEnabled = QStringLiteral("HmiShared/SignalServiceEnabled");
 static const QString SignalServicePath = QStringLiteral("HmiShared/SignalServicePath");
+static const QString SoftwareVersionPath = QStringLiteral("HmiShared/SoftwareVersionPath");
 static const QString SystemUpdateEnabled = QStringLiteral("HmiShared/SystemUpdateEnabled");
 static const QString VoiceManagerEnabled = QStringLiteral("HmiShared/VoiceManagerEnabled");
 static const QString VoiceServiceManagerConfig = QStringLiteral("HmiShared/VoiceServiceManagerConfig");
@@ -42,6 +45,10 @@ HmiSharedConfigs::HmiSharedConfigs(Core::ConfigManager& aConfig) : Core::ConfigF
     addPath(Key::ErrorReportPath, localState + QStringLiteral("/log/shutdowns"));
     addPath(Key::ErrorReportPathExport, localState);
     addPath(Key::EulaPath, resources + QStringLiteral("eula"));
+    const ProductInfoFiles unit;
+    addPath(Key::HardwareEsnPath, unit.hardwareEsn);
+    addPath(Key::HardwareVersionPath, unit.hardwareVersion);
+    addPath(Key::SoftwareVersionPath, unit.softwareVersion);
     addPath(Key::ScreenSnapshotPath, localState);
     addPath(Key::SignalServicePath, QStringLiteral("/var/run/signal_service"));
 
@@ -70,6 +77,11 @@ QString HmiSharedConfigs::getErrorReportPath() const { return path(Key::ErrorRep
 QString HmiSharedConfigs::getErrorReportExportPath() const { return path(Key::ErrorReportPathExport); }
 
 QString HmiSharedConfigs::getEulaPath() const { return path(Key::EulaPath); }
+
+ProductInfoFiles HmiSharedConfigs::getProductInfoFiles() const
+{
+    return {path(Key::HardwareEsnPath), path(Key::HardwareVersionPath), path(Key::SoftwareVersionPath)};
+}
 
 bool HmiSharedConfigs::getScaleToFitViewport() const { return flag(Key::ScaleToFitViewport); }
 

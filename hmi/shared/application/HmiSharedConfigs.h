@@ -4,6 +4,7 @@
 
 #include <hmi/core/foundation/ConfigFacade.h>
 #include <hmi/core/foundation/SingletonCpp.h>
+#include <hmi/shared/services/ProductInfo.h>
 
 namespace Hmi::Shared {
 
@@ -52,6 +53,10 @@ public:
     Q_INVOKABLE QString getVoicesPath() const;
 
     QString getDataManagerConfigPath() const;
+    /** The keys "HmiShared/HardwareEsnPath", "HmiShared/HardwareVersionPath",
+     * "HmiShared/SoftwareVersionPath".
+     */
+    ProductInfoFiles getProductInfoFiles() const;
     /** Where the signal service listens. */
     QString getSignalServicePath() const;
 

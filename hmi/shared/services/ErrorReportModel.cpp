@@ -48,20 +48,27 @@ void ErrorReportModel::addErrorReport(const QString& aPath)
     mModel.append(new ErrorReportInfo(report));
 }
 
-void ErrorReportModel::copyErrorLog(const QString& aFilePath) const
+bool ErrorReportModel::copyErrorLog(const QString& aFilePath) const
 {
     if (!findFile(aFilePath))
-        return;
+        return false;
     const QFileInfo file(aFilePath);
     // A pipe or a device might never end.
-    if (!file.isFile() || !QFile::copy(aFilePath, QDir(mExportFolder).filePath(file.fileName())))
+    const bool isCopied =
+        file.isFile() && QFile::copy(aFilePath, QDir(mExportFolder).filePath(file.fileName()));
+    if (!isCopied)
         qWarning("Could not copy log file %s to uploaded folder", qUtf8Printable(aFilePath));
+    return isCopied;
 }
 
-void ErrorReportModel::deleteErrorLog(const QString& aFilePath) const
+bool ErrorReportModel::deleteErrorLog(const QString& aFilePath) const
 {
-    if (findFile(aFilePath) && !QFile::remove(aFilePath))
+    if (!findFile(aFilePath))
+        return false;
+    const bool isDeleted = QFile::remove(aFilePath);
+    if (!isDeleted)
         qWarning("Could not delete log file %s", qUtf8Printable(aFilePath));
+    return isDeleted;
 }
 
 } // namespace Hmi::Shared

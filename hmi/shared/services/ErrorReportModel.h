@@ -35,11 +35,12 @@ public:
     Q_INVOKABLE void addErrorReport(const QString& aPath);
     /**
      * Copies the file under its own name into the export folder: whole or not at all, never over a file that
-     * is there. Of a link its target is copied. What is no regular file is not.
+     * is there. Of a link its target is copied. What is no regular file is not. False when it was not copied.
      */
-    Q_INVOKABLE void copyErrorLog(const QString& aFilePath) const;
-    /** Deletes the file, or of a link the link; folders stay. The record remains in the list. */
-    Q_INVOKABLE void deleteErrorLog(const QString& aFilePath) const;
+    Q_INVOKABLE bool copyErrorLog(const QString& aFilePath) const;
+    /** Deletes the file, or of a link the link; folders stay. The record remains in the list. False when
+     * nothing was deleted. */
+    Q_INVOKABLE bool deleteErrorLog(const QString& aFilePath) const;
     /** The number of records. */
     Q_INVOKABLE int getLength() const { return mModel.getCount(); }
 

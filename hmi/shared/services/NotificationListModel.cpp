@@ -3,6 +3,7 @@
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QMap>
+#include <utility>
 
 #include <hmi/shared/application/LoggingCategory.h>
 
@@ -39,9 +40,16 @@ void NotificationListModel::ask()
     connect(mAsked, &QDBusPendingCallWatcher::finished, this, &NotificationListModel::onListed);
 }
 
+void NotificationListModel::setServiceAvailable(bool aServiceAvailable)
+{
+    if (std::exchange(mServiceAvailable, aServiceAvailable) != aServiceAvailable)
+        emit serviceAvailableChanged();
+}
+
 void NotificationListModel::onOwnerChanged(const QString&, const QString&, const QString& aNewOwner)
 {
     clear();
+    setServiceAvailable(!aNewOwner.isEmpty());
     if (!aNewOwner.isEmpty())
         ask();
 }
@@ -51,6 +59,7 @@ void NotificationListModel::onListed(QDBusPendingCallWatcher* aWatcher)
     const QDBusPendingReply<NotificationList> reply = *aWatcher;
     aWatcher->deleteLater();
     mAsked = nullptr;
+    setServiceAvailable(!reply.isError());
     // A service that is not there is asked when it comes.
     if (reply.isError() && reply.error().type() != QDBusError::ServiceUnknown)
         qCWarning(hmiShared,
@@ -65,6 +74,32 @@ void NotificationListModel::onListed(QDBusPendingCallWatcher* aWatcher)
         inOrder.insert(entry.key(), entry.value());
     for (auto entry = inOrder.cbegin(); entry != inOrder.cend(); ++entry)
         add(static_cast<int>(entry.key()), entry->priority, entry->notificationType, entry->typeSpecificId);
+}
+
+void NotificationListModel::askPriority(int aId)
+{
+    auto* const watcher = new QDBusPendingCallWatcher(mClient.GetCurrentNotifications(), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [=] {
+        watcher->deleteLater();
+        const QDBusPendingReply<NotificationList> reply = *watcher;
+        if (!reply.isError())
+            setPriority(aId, reply.value().value(static_cast<uint>(aId)).priority);
+    });
+}
+
+/** A notification keeps its priority, so that another takes its row. */
+void NotificationListModel::setPriority(int aId, int aPriority)
+{
+    NotificationModel* const known = findId(aId);
+    if (!known || known->getPriority() == aPriority)
+        return;
+    auto* const notification =
+        new NotificationModel(known->getDescription(), aId, aPriority, known->getAllowMultiple(),
+                              known->getNotificationType(), known->getTypeSpecificIdentifier());
+    notification->setLocation(known->getIsLocationValid(), known->getLatitude(), known->getLongitude());
+    const int row = indexOf(known);
+    remove(row);
+    insert(row, notification);
 }
 
 NotificationModel* NotificationListModel::findId(int aId) const
@@ -86,9 +121,11 @@ void NotificationListModel::onAdded(int aId, const QString& aType, const QString
 {
     if (mAsked)
         return;
+    setServiceAvailable(true);
     NotificationModel* const notification = add(aId, 0, aType, aTypeId);
     if (aHasLocation)
         notification->setLocation(true, static_cast<float>(aLatitude), static_cast<float>(aLongitude));
+    askPriority(aId);
 }
 
 void NotificationListModel::onDismissed(int aId)

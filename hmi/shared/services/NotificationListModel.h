@@ -22,26 +22,35 @@ namespace Hmi::Shared {
  * It asks the service once for what there is and follows its signals from then on, without ever waiting.
  * While the service is away the list is empty; when it returns, it is asked again. The service knows no
  * description, so that is the type-specific identifier. Its list has priorities and no positions, its signals
- * positions and no priorities: what is not told is 0 and UnknownPosition. GUI thread only.
+ * positions and no priorities: those of what it adds are asked for, and 0 until they are known; a position
+ * that is not told is UnknownPosition. GUI thread only.
  */
 class Q_DECL_EXPORT NotificationListModel
     : public Core::ObjectListModelT<NotificationFramework::NotificationModel*>
 {
     Q_OBJECT
+    /** Whether the service answers; true until that is known. */
+    Q_PROPERTY(bool serviceAvailable READ getServiceAvailable NOTIFY serviceAvailableChanged)
 
 public:
     /** On the system bus. */
     explicit NotificationListModel(QObject* aParent = nullptr);
     explicit NotificationListModel(const QDBusConnection& aConnection, QObject* aParent = nullptr);
 
+    bool getServiceAvailable() const { return mServiceAvailable; }
+
     /** Asks the service to dismiss it; it leaves the list when the service says so. */
     Q_INVOKABLE void dismiss(int aNotificationId);
 
 signals:
+    void serviceAvailableChanged();
     void showRequested(int notificationId);
 
 private:
     void ask();
+    void askPriority(int aId);
+    void setPriority(int aId, int aPriority);
+    void setServiceAvailable(bool aServiceAvailable);
     void onOwnerChanged(const QString& aName, const QString& aOldOwner, const QString& aNewOwner);
     void onListed(QDBusPendingCallWatcher* aWatcher);
     void onAdded(int aId, const QString& aType, const QString& aTypeId, bool aHasLocation, double aLatitude,
@@ -54,6 +63,7 @@ private:
 
     NotificationMgr::NotificationManagerClient mClient;
     QDBusServiceWatcher mOwner;
+    bool mServiceAvailable = true;
     QDBusPendingCallWatcher* mAsked = nullptr; ///< what came before the answer is part of it
 };
 

@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QHash>
 
+#include <hmi/shared/application/HmiSharedConfigs.h>
 #include <hmi/shared/application/LoggingCategory.h>
 
 namespace Hmi::Shared {
@@ -42,6 +43,10 @@ static QString readHardwareText(const QString& aFilePath, const char* aFailure)
         qCCritical(hmiShared, "%s", aFailure);
     return text;
 }
+
+ProductInfo::ProductInfo(QObject* aParent) :
+    ProductInfo(HmiSharedConfigs::instance()->getProductInfoFiles(), aParent)
+{}
 
 ProductInfo::ProductInfo(const ProductInfoFiles& aFiles, QObject* aParent) : QObject(aParent), mFiles(aFiles)
 {}

@@ -12,7 +12,8 @@ constexpr int SoftwareVersionMinor = 8;
 constexpr int SoftwareVersionMicro = -1;
 } // namespace ProductInfoConstants
 
-/** The files that tell about a unit, each by its first line. */
+/** The files that tell about a unit, each by its first line, as they are where the configuration names no
+ * others. */
 struct ProductInfoFiles
 {
     QString hardwareEsn = QStringLiteral("/media/otp/ESN");
@@ -42,7 +43,9 @@ class Q_DECL_EXPORT ProductInfo : public QObject
 public:
     static constexpr int MaximumLineLength = 4096;
 
-    explicit ProductInfo(const ProductInfoFiles& aFiles = {}, QObject* aParent = nullptr);
+    /** Of the files that the configuration names. */
+    explicit ProductInfo(QObject* aParent = nullptr);
+    explicit ProductInfo(const ProductInfoFiles& aFiles, QObject* aParent = nullptr);
 
     /** The electronic serial number. Once read it is kept for the process, for all objects that name the same
      * file; empty, and read again by the next call, until there is one. */

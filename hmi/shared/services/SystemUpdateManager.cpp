@@ -16,8 +16,14 @@ using UpdateManager::UpdateManagerClient;
 static constexpr int UpdateInfoTimeout = 5000; ///< milliseconds
 
 SystemUpdateManager::SystemUpdateManager(QQmlEngine*, QJSEngine*) :
-    mClient(QDBusConnection::systemBus()), mNotifications(QDBusConnection::systemBus())
+    mOwner(QLatin1String(UpdateManagerClient::staticInterfaceName()), QDBusConnection::systemBus(),
+           QDBusServiceWatcher::WatchForOwnerChange),
+    mClient(QDBusConnection::systemBus()),
+    mServiceAvailable(mClient.isValid()),
+    mNotifications(QDBusConnection::systemBus())
 {
+    connect(&mOwner, &QDBusServiceWatcher::serviceOwnerChanged, this,
+            &SystemUpdateManager::onServiceOwnerChanged);
     qCInfo(hmiShared, "SystemUpdateManager::SystemUpdateManager( ... )");
 }
 
@@ -37,6 +43,13 @@ void SystemUpdateManager::init()
     connect(&mClient, &Client::InstallStateChanged, this, &This::onOumInstallStateChanged);
     connect(&mClient, &Client::AutoInstallPending, this, &This::onOumAutoInstallPending);
     connect(&mClient, &Client::AutoRebootPending, this, &This::onOumAutoRebootPending);
+}
+
+void SystemUpdateManager::onServiceOwnerChanged(const QString&, const QString&, const QString& aNewOwner)
+{
+    const bool isAvailable = !aNewOwner.isEmpty();
+    if (std::exchange(mServiceAvailable, isAvailable) != isAvailable)
+        emit serviceAvailableChanged();
 }
 
 void SystemUpdateManager::setState(UpdateState aState)
@@ -107,6 +120,14 @@ void SystemUpdateManager::startInstallation()
     mClient.InstallUpdate(mUpdatePath);
 }
 
+void SystemUpdateManager::retryInstallation()
+{
+    if (mState != UpdateStateUpdateError || mUpdatePath.isEmpty())
+        return;
+    setState(UpdateStateUpdateAvailable);
+    startInstallation();
+}
+
 void SystemUpdateManager::dismissNotification()
 {
     if (mNotificationId != -1)
@@ -158,9 +179,9 @@ void SystemUpdateManager::onOumAvailableUpdatesChanged(const QStringList& a_upda
     inOrder([=] { takeAvailableUpdates(a_updatePaths); });
 }
 
-void SystemUpdateManager::onOumInstallFinished(bool a_success, QString a_status, QString)
+void SystemUpdateManager::onOumInstallFinished(bool a_success, QString a_status, QString a_UpdatePath)
 {
-    inOrder([=] { takeInstallResult(a_success, a_status); });
+    inOrder([=] { takeInstallResult(a_success, a_status, a_UpdatePath); });
 }
 
 void SystemUpdateManager::onOumDownloadableUpdatesChanged(const QStringList& a_updateUrls)
@@ -252,7 +273,7 @@ void SystemUpdateManager::takeInstallState(UpdateInstallState aState)
     }
 }
 
-void SystemUpdateManager::takeInstallResult(bool aSuccess, const QString& aStatus)
+void SystemUpdateManager::takeInstallResult(bool aSuccess, const QString& aStatus, const QString& aUpdatePath)
 {
     qCInfo(hmiShared, "SystemUpdateManager OUM Update Complete Signal Received: %s", qUtf8Printable(aStatus));
     if (aSuccess) {
@@ -261,6 +282,8 @@ void SystemUpdateManager::takeInstallResult(bool aSuccess, const QString& aStatu
     } else {
         qCInfo(hmiShared, "SystemUpdateManager OUM Update Error Signal Received: %s",
                qUtf8Printable(aStatus));
+        if (!aUpdatePath.isEmpty())
+            mUpdatePath = aUpdatePath;
         setState(UpdateStateUpdateError);
     }
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDBusConnection>
+#include <QDBusServiceWatcher>
 #include <QString>
 #include <QStringList>
 #include <functional>
@@ -35,6 +36,9 @@ class Q_DECL_EXPORT SystemUpdateManager : public Core::SingletonCppQml<SystemUpd
     Q_PROPERTY(UpdateState state READ getState NOTIFY stateChanged)
     /** Of the update that can be downloaded, as people read it. */
     Q_PROPERTY(QString version READ getVersion NOTIFY versionChanged)
+    /** Whether the update service is on the bus. The state does not follow that: what was under way when the
+     * service left may go on. */
+    Q_PROPERTY(bool serviceAvailable READ getServiceAvailable NOTIFY serviceAvailableChanged)
     friend class Core::SingletonCppQml<SystemUpdateManager>;
 
 public:
@@ -64,10 +68,13 @@ public:
     Q_INVOKABLE int getPercent() const { return mPercent; }
     Q_INVOKABLE QString getVersion() const { return mVersion; }
     Q_INVOKABLE Hmi::Shared::SystemUpdateManager::UpdateState getState() const { return mState; }
+    bool getServiceAvailable() const { return mServiceAvailable; }
     Q_INVOKABLE void pauseDownload();
     /** Back to the beginning, for the HMI; what the service does goes on. */
     Q_INVOKABLE void resetUpdateProcess();
     Q_INVOKABLE void resumeDownload();
+    /** Installs once more what could not be installed. */
+    Q_INVOKABLE void retryInstallation();
     Q_INVOKABLE void startDownload();
     Q_INVOKABLE void startInstallation();
 
@@ -91,6 +98,7 @@ signals:
     void downloadSizeChanged();
     void installPercentChanged();
     void percentChanged();
+    void serviceAvailableChanged();
     void stateChanged();
     /** Installed; after the change of the state. */
     void updateComplete();
@@ -103,8 +111,9 @@ private:
     void takeDownloadableUpdates(const QStringList& aUpdateUrls);
     void takeAvailableUpdates(const QStringList& aUpdatePaths);
     void takeInstallState(UpdateManager::UpdateInstallState aState);
-    void takeInstallResult(bool aSuccess, const QString& aStatus);
+    void takeInstallResult(bool aSuccess, const QString& aStatus, const QString& aUpdatePath);
     bool awaitUpdateInfo(UpdateManager::DownloadableUpdateInfo& aInfo);
+    void onServiceOwnerChanged(const QString& aName, const QString& aOldOwner, const QString& aNewOwner);
     void setState(UpdateState aState);
     void setPercent(int aPercent);
     void setInstallPercent(int aPercent);
@@ -116,9 +125,11 @@ private:
     int mNotificationId = -1;
     UpdateState mState = UpdateStateNoneAvailable;
     QString mVersion;
-    QString mUpdateUrl;  ///< of what can be downloaded
-    QString mUpdatePath; ///< of what is downloaded
+    QString mUpdateUrl;         ///< of what can be downloaded
+    QString mUpdatePath;        ///< of what is downloaded, or could not be installed
+    QDBusServiceWatcher mOwner; ///< watches before the client asks
     UpdateManager::UpdateManagerClient mClient;
+    bool mServiceAvailable;
     NotificationManagerWrapper mNotifications;
     bool mWaiting = false;
     std::list<std::function<void()>> mDeferred; ///< signals that came while it waited

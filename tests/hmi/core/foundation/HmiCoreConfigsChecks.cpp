@@ -73,7 +73,7 @@ TEST_F(Configs, OfTheSharedLibraryFollowTheFoldersOfTheCore)
     EXPECT_EQ(value("HmiShared/DataManagerConfigPath"), text("usr/local/DataManagerConf.ini"));
 
     load("[HmiCore]\nGnuPrefix=/opt\nGnuLocalstatedir=state\n"
-         "[HmiShared]\nVoicesPath=voices\nScaleViewportToFitWindow=Sideways\n");
+         "[HmiShared]\nVoicesPath=voices\nHardwareEsnPath=esn\nScaleViewportToFitWindow=Sideways\n");
     const Core::HmiCoreConfigs core(mConfig);
     expectWarning(named("resourcesPath: /opt/share/%1/"));
     const Shared::HmiSharedConfigs configs(mConfig);
@@ -82,6 +82,8 @@ TEST_F(Configs, OfTheSharedLibraryFollowTheFoldersOfTheCore)
     EXPECT_EQ(configs.getErrorReportExportPath(), inFolder("state"));
     EXPECT_EQ(configs.getEulaPath(), named("/opt/share/%1/eula"));
     EXPECT_EQ(configs.getVoicesPath(), text("voices"));
+    EXPECT_EQ(configs.getProductInfoFiles().hardwareEsn, inFolder("esn"));
+    EXPECT_EQ(configs.getProductInfoFiles().softwareVersion, text("/etc/korvex-sw-version"));
     expectMessageMatching(QtWarningMsg, text(".*\"Sideways\" of HmiShared/ScaleViewportToFitWindow.*"));
     EXPECT_EQ(configs.getScaleViewportToFitWindow(), Shared::HmiSharedConfigs::ViewportScalingPad);
 }

@@ -78,13 +78,13 @@ TEST_F(ErrorReports, AreCopiedWholeOrNotAtAll)
     QFile::link(path(odd), path("link.xml"));
     const ErrorReportModel model(path("uploaded"), exportFolder.path());
     for (const char* name : {odd, "link.xml"}) {
-        model.copyErrorLog(path(name));
+        EXPECT_TRUE(model.copyErrorLog(path(name)));
         EXPECT_EQ(readFile(exported(name)), xml);
     }
     const QString failed = QStringLiteral("Could not copy log file %1 to uploaded folder");
     for (const char* name : {odd, "there.xml", "pipe", "uploaded"}) {
         expectWarning(failed.arg(path(name)));
-        model.copyErrorLog(path(name));
+        EXPECT_FALSE(model.copyErrorLog(path(name)));
     }
     EXPECT_EQ(readFile(exported("there.xml")), "old");
     EXPECT_EQ(QDir(exportFolder.path()).entryList(QDir::Files | QDir::Hidden).size(), 3);
@@ -112,14 +112,13 @@ TEST_F(ErrorReports, AreDeletedWithTheirRecordsKept)
     const ErrorReportModel model(folder.path(), exportFolder.path());
     model.deleteErrorLog(path("link"));
     EXPECT_TRUE(QFile::exists(path("a.xml")));
-    model.deleteErrorLog(path("a.xml"));
+    EXPECT_TRUE(model.deleteErrorLog(path("a.xml")));
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot).size(),
               1);
     expectWarning(QStringLiteral("Could not delete log file ") + path("uploaded"));
-    model.deleteErrorLog(path("uploaded"));
+    EXPECT_FALSE(model.deleteErrorLog(path("uploaded")));
     for (int time = 0; time < 2; ++time)
         expectWarning(QStringLiteral("Could not find log file ") + path("a.xml"));
-    model.deleteErrorLog(path("a.xml"));
-    model.copyErrorLog(path("a.xml"));
+    EXPECT_FALSE(model.deleteErrorLog(path("a.xml")) || model.copyErrorLog(path("a.xml")));
     EXPECT_EQ(model.getLength(), 1);
 }

@@ -1,0 +1,24 @@
+import QtQuick 2.15
+import "controls"
+
+/*! A caption and, right of it, a value that may be long. */
+Item {
+    property alias caption: caption.text
+    property alias value: value.text
+
+    implicitHeight: Math.max(caption.height, value.height) + Look.spacing
+
+    Words {
+        id: caption
+
+        width: 160
+        color: Look.faintText
+    }
+    Paragraph {
+        id: value
+
+        objectName: parent.objectName + "Value"
+        anchors { left: caption.right; leftMargin: Look.spacing; right: parent.right }
+        Accessible.description: caption.text
+    }
+}

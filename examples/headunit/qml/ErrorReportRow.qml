@@ -19,7 +19,7 @@ CheckDelegate {
         chosen()
     }
 
-    Accessible.name: qsTr("%1, %2").arg(text).arg(fileName)
+    Accessible.name: `${text}, ${fileName}`
 
     background: Rectangle { radius: Look.radius; color: Look.surface }
     indicator: Rectangle {

@@ -54,7 +54,7 @@ ColumnLayout {
         const selected = getSelected()
         const failed = selected.filter(report => !filesOf(report).every(path => reports.copyErrorLog(path))).length
         result = failed ? qsTr("%1 of %2 reports could not be exported").arg(failed).arg(selected.length)
-                        : qsTr("%n report(s) exported", "", selected.length)
+                        : qsTr("Exported reports: %1").arg(selected.length)
         selectAll(false)
     }
 
@@ -62,7 +62,7 @@ ColumnLayout {
         const selected = getSelected()
         const failed = selected.filter(report => !filesOf(report).every(path => reports.deleteErrorLog(path))).length
         result = failed ? qsTr("%1 of %2 reports could not be deleted").arg(failed).arg(selected.length)
-                        : qsTr("%n report(s) deleted", "", selected.length)
+                        : qsTr("Deleted reports: %1").arg(selected.length)
         load()
     }
 
@@ -115,7 +115,7 @@ ColumnLayout {
 
         Paragraph {
             objectName: "errorReportsQuestion"
-            text: qsTr("Delete %n report(s) for good?", "", page.selectedCount)
+            text: qsTr("Delete the selected reports (%1)?").arg(page.selectedCount)
             Layout.fillWidth: true
         }
 

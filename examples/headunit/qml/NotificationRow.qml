@@ -18,7 +18,7 @@ Rectangle {
     border { width: isShown ? 2 : 0; color: Look.accent }
 
     Accessible.role: Accessible.ListItem
-    Accessible.name: qsTr("%1: %2").arg(model.notificationType).arg(model.description)
+    Accessible.name: `${model.notificationType}: ${model.description}`
 
     RowLayout {
         anchors { fill: parent; leftMargin: Look.spacing; rightMargin: Look.spacing }

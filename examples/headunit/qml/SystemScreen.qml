@@ -110,7 +110,7 @@ Screen {
                         objectName: "systemSubmodule_" + modelData.name
                         width: parent.width
                         caption: qsTr("Module %1").arg(modelData.name)
-                        value: qsTr("%1 (%2)").arg(modelData.gitDescribe).arg(modelData.sha)
+                        value: `${modelData.gitDescribe} (${modelData.sha})`
                     }
                 }
             }

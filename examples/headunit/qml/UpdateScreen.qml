@@ -23,7 +23,7 @@ Screen {
         switch (updateState) {
         case SystemUpdateManager.UpdateStateNoneAvailable:
             return checking.running ? qsTr("Looking for an update…")
-                                    : hasChecked ? qsTr("No update was found") : qsTr("The software is up to date")
+                                    : hasChecked ? qsTr("No update was found") : qsTr("There is no update")
         case SystemUpdateManager.UpdateStateUpdateDownloadable: return qsTr("An update can be downloaded")
         case SystemUpdateManager.UpdateStateDownloading: return qsTr("Downloading")
         case SystemUpdateManager.UpdateStateDownloadPaused: return qsTr("The download is paused")

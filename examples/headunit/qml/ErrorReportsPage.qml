@@ -8,6 +8,7 @@ import "controls"
 ColumnLayout {
     id: page
 
+    readonly property string title: qsTr("Error reports")
     property ErrorReportModel reports: null
     readonly property int count: reports ? reports.model.count : 0
     property int selectedCount: 0
@@ -157,6 +158,6 @@ ColumnLayout {
         Layout.fillHeight: true
 
         Accessible.role: Accessible.List
-        Accessible.name: qsTr("Error reports")
+        Accessible.name: page.title
     }
 }

@@ -8,6 +8,7 @@ import "controls"
 ColumnLayout {
     id: page
 
+    readonly property string title: qsTr("Licences")
     property var paragraphs: []
 
     signal closed()
@@ -77,7 +78,6 @@ ColumnLayout {
 
         objectName: "licencesText"
         clip: true
-        spacing: Look.spacing
         visible: !RestrictedModeManager.restrictedModeOn
         model: page.paragraphs
         delegate: Paragraph {
@@ -92,6 +92,6 @@ ColumnLayout {
         Layout.fillHeight: true
 
         Accessible.role: Accessible.Document
-        Accessible.name: qsTr("Licences")
+        Accessible.name: page.title
     }
 }

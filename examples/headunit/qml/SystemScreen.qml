@@ -10,7 +10,7 @@ Screen {
     readonly property var _pages: ({ "licences": "LicencesPage.qml", "error-reports": "ErrorReportsPage.qml" })
 
     objectName: "systemScreen"
-    title: qsTr("System")
+    title: pageLoader.item ? pageLoader.item.title : qsTr("System")
 
     ProductInfo { id: product }
 

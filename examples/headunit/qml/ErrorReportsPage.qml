@@ -1,4 +1,5 @@
 import QtQuick 2.15
+import QtQuick.Controls 2.15
 import QtQuick.Layouts 1.15
 import Hmi.Core 1.0
 import hmi.shared 1.0
@@ -146,6 +147,8 @@ ColumnLayout {
         objectName: "errorReports"
         clip: true
         spacing: Look.spacing / 2
+        boundsBehavior: Flickable.StopAtBounds
+        ScrollBar.vertical: ScrollBar {}
         model: page.reports ? page.reports.model : null
         delegate: ErrorReportRow {
             width: ListView.view.width

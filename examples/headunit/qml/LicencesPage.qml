@@ -1,4 +1,5 @@
 import QtQuick 2.15
+import QtQuick.Controls 2.15
 import QtQuick.Layouts 1.15
 import Hmi.Core 1.0
 import hmi.shared 1.0
@@ -78,8 +79,9 @@ ColumnLayout {
 
         objectName: "licencesText"
         clip: true
-        visible: !RestrictedModeManager.restrictedModeOn
-        model: page.paragraphs
+        boundsBehavior: Flickable.StopAtBounds
+        ScrollBar.vertical: ScrollBar {}
+        model: RestrictedModeManager.restrictedModeOn ? [] : page.paragraphs
         delegate: Paragraph {
             objectName: "licencesParagraph" + index
             width: ListView.view.width

@@ -1,4 +1,5 @@
 import QtQuick 2.15
+import QtQuick.Controls 2.15
 import hmi.shared 1.0
 import "controls"
 
@@ -39,6 +40,8 @@ Screen {
         spacing: Look.spacing / 2
         clip: true
         currentIndex: -1
+        boundsBehavior: Flickable.StopAtBounds
+        ScrollBar.vertical: ScrollBar {}
         model: notifications
         delegate: NotificationRow {
             width: ListView.view.width

@@ -1,4 +1,5 @@
 import QtQuick 2.15
+import QtQuick.Controls 2.15
 import QtQuick.Layouts 1.15
 import hmi.shared 1.0
 import "controls"
@@ -41,6 +42,8 @@ Screen {
             id: flickable
 
             clip: true
+            boundsBehavior: Flickable.StopAtBounds
+            ScrollBar.vertical: ScrollBar {}
             contentHeight: facts.height
             Layout.fillWidth: true
             Layout.fillHeight: true

@@ -396,6 +396,7 @@ QtObject {
     simulator->command("notify add ice black\nnotify priority 3 4");
     shows(QStringLiteral("1 door open 0 999,2 fuel low 0 51,3 ice black 4 999"));
     simulator->command("notify dismiss 3");
+    shows(QStringLiteral("1 door open 0 999,2 fuel low 0 51"));
     EXPECT_TRUE(waitUntil([&] { return view->property("line") == QStringLiteral("moved 2 true 51 9"); }));
     QVariant described;
     QMetaObject::invokeMethod(view.get(), "describe", Q_RETURN_ARG(QVariant, described));

@@ -2,6 +2,7 @@
 
 #include <QSqlDatabase>
 #include <QSqlQuery>
+#include <QVariant>
 #include <gtest/gtest.h>
 
 #include <tests/support/ExpectedMessages.h>

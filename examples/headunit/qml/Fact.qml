@@ -11,8 +11,10 @@ Item {
     Words {
         id: caption
 
-        width: 160
+        anchors.baseline: value.baseline
+        width: 130
         color: Look.faintText
+        font.pixelSize: Look.fontSmall
     }
     Paragraph {
         id: value

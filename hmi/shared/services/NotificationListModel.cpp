@@ -21,7 +21,8 @@ NotificationListModel::NotificationListModel(QObject* aParent) :
 NotificationListModel::NotificationListModel(const QDBusConnection& aConnection, QObject* aParent) :
     ObjectListModelT(aParent),
     mClient(aConnection),
-    mOwner(mClient.service(), aConnection, QDBusServiceWatcher::WatchForOwnerChange)
+    mOwner(mClient.service(), aConnection, QDBusServiceWatcher::WatchForOwnerChange),
+    mServiceAvailable(aConnection.isConnected())
 {
     connect(&mOwner, &QDBusServiceWatcher::serviceOwnerChanged, this, &NotificationListModel::onOwnerChanged);
     connect(&mClient, &Client::NotificationAdded, this, &NotificationListModel::onAdded);

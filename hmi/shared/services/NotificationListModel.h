@@ -29,7 +29,7 @@ class Q_DECL_EXPORT NotificationListModel
     : public Core::ObjectListModelT<NotificationFramework::NotificationModel*>
 {
     Q_OBJECT
-    /** Whether the service answers; true until that is known. */
+    /** Whether the service answers; true until that is known, where there is a bus. */
     Q_PROPERTY(bool serviceAvailable READ getServiceAvailable NOTIFY serviceAvailableChanged)
 
 public:
@@ -63,7 +63,7 @@ private:
 
     NotificationMgr::NotificationManagerClient mClient;
     QDBusServiceWatcher mOwner;
-    bool mServiceAvailable = true;
+    bool mServiceAvailable;
     QDBusPendingCallWatcher* mAsked = nullptr; ///< what came before the answer is part of it
 };
 

@@ -1,5 +1,6 @@
 #include <QPointer>
 #include <QQmlContext>
+#include <QQmlEngine>
 #include <QQmlExpression>
 #include <gtest/gtest.h>
 #include <net/if.h>

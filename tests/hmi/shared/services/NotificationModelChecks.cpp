@@ -1,3 +1,4 @@
+#include <hmi/shared/services/NotificationListModel.h>
 #include <hmi/shared/services/NotificationModel.h>
 
 #include <QStringList>
@@ -39,4 +40,10 @@ TEST(NotificationModel, TellsOfThePartsOfItsPositionThatChanged)
         model.setLocation(row.valid, row.latitude, row.longitude);
         EXPECT_EQ(HmiTest::joined(std::exchange(told, {})), row.told);
     }
+}
+
+TEST(NotificationListModel, HasNoServiceWhereThereIsNoBus)
+{
+    const Hmi::Shared::NotificationListModel model(QDBusConnection(QStringLiteral("none")));
+    EXPECT_FALSE(model.getServiceAvailable() || model.getCount() > 0);
 }

@@ -18,9 +18,13 @@ static const QString sBus = QStringLiteral("bus");
 static const QString sReports = QStringLiteral("reports");
 static const QString sPermissions = QStringLiteral("permissions");
 static const QString sScenario = QStringLiteral("scenario");
+static const QString sSpeed = QStringLiteral("speed");
 static const QString sRecord = QStringLiteral("record");
 static const QString sUpstream = QStringLiteral("upstream");
 static const QString sNoCommands = QStringLiteral("no-commands");
+
+static constexpr double MinimumSpeed = 0.01;
+static constexpr double MaximumSpeed = 1000;
 
 static void describe(QCommandLineParser& aParser)
 {
@@ -47,6 +51,8 @@ static void describe(QCommandLineParser& aParser)
          {sPermissions, QStringLiteral("Permissions of the socket (default: 0660)."), QStringLiteral("OCTAL"),
           QStringLiteral("0660")},
          {sScenario, QStringLiteral("Plays the signals and commands of a scenario."), file},
+         {sSpeed, QStringLiteral("Plays it so many times as fast (default: 1)."), QStringLiteral("FACTOR"),
+          QStringLiteral("1")},
          {sRecord, QStringLiteral("Records every value, and writes a scenario at the end."), file},
          {sUpstream, QStringLiteral("Passes on the signals of the service at another socket."), path},
          {sNoCommands, QStringLiteral("Leaves standard input alone, as in the background.")}});
@@ -86,6 +92,19 @@ static std::optional<QStringList> readServices(const QString& aList)
     return services;
 }
 
+/** False, after one message, where it is none. */
+static bool readSpeed(const QString& aFactor, double& aSpeed)
+{
+    aSpeed = aFactor.toDouble();
+    if (aSpeed >= MinimumSpeed && aSpeed <= MaximumSpeed)
+        return true;
+    fail(QStringLiteral("--speed takes a number from %1 to %2, not '%3'.")
+             .arg(MinimumSpeed)
+             .arg(MaximumSpeed)
+             .arg(aFactor));
+    return false;
+}
+
 /** The signal service and what needs it. */
 static std::optional<Options> checked(const Options& aOptions)
 {
@@ -112,6 +131,8 @@ static std::optional<Options> read(const QCommandLineParser& aParser)
                         .arg(aParser.value(sPermissions)));
     options.signalService = aParser.value(sSignalService);
     options.scenario = aParser.value(sScenario);
+    if (!readSpeed(aParser.value(sSpeed), options.speed))
+        return std::nullopt;
     options.record = aParser.value(sRecord);
     options.upstream = aParser.value(sUpstream);
     options.commands = !aParser.isSet(sNoCommands);

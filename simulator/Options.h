@@ -18,6 +18,7 @@ struct Options
     QString signalService; ///< path of the socket
     uint permissions = 0;  ///< of the socket, as chmod has them
     QString scenario;      ///< file to play
+    double speed = 1;      ///< of its seconds, beside those of the clock
     QStringList services;  ///< on D-Bus, by the words of ServiceSimulation::getWords()
     QString bus;           ///< address; empty: the system bus
     QString reports;       ///< folder for bug reports

@@ -6,14 +6,24 @@
 
 namespace Hmi::Simulator {
 
+/** The arguments of a command on one notification, with the id in the place of "last". */
+static QStringList withId(QStringList aArguments, int aLastId)
+{
+    if (aArguments[0] == QLatin1String("last"))
+        aArguments[0] = QString::number(aLastId);
+    return aArguments;
+}
+
 NotificationCommands::NotificationCommands(NotificationService& aService, CommandTable& aCommands) :
     mService(aService)
 {
-    const auto add = [&](const char* aName, const QStringList& aArguments, const char* aPurpose,
-                         void (NotificationCommands::*aRun)(const QStringList&)) {
+    using Run = void (NotificationCommands::*)(const QStringList&);
+    const auto add = [&](const char* aName, const QStringList& aArguments, const char* aPurpose, Run aRun) {
+        const bool takesId = aArguments.value(0) == QLatin1String("N");
         aCommands.add({{QStringLiteral("notify ") + QString::fromLatin1(aName), aArguments,
-                        QString::fromLatin1(aPurpose),
-                        [this, aRun](const QStringList& aWords) { (this->*aRun)(aWords); }}});
+                        QString::fromLatin1(aPurpose), [this, aRun, takesId](const QStringList& aWords) {
+                            (this->*aRun)(takesId ? withId(aWords, mService.getLastId()) : aWords);
+                        }}});
     };
     const QString number = QStringLiteral("N");
     const QString latitude = QStringLiteral("LATITUDE");

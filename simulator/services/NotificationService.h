@@ -35,6 +35,8 @@ public:
     bool UpdateNotificationEnabled(const QString& aType, bool aEnabled);
     bool UpdateNotificationLocation(int aId, bool aHasLocation, double aLatitude, double aLongitude);
 
+    /** Of the notification that was added last, which may be gone; 0: none was. */
+    int getLastId() const { return mLast; }
     bool setPriority(int aId, int aPriority);
     const QMap<int, Notification>& getNotifications() const { return mNotifications; }
 

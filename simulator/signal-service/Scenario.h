@@ -23,6 +23,7 @@ struct Scenario
         std::size_t signal;
         std::optional<DataBuffer> value; ///< nothing: from now on not available
         QString command = {};            ///< not empty: in the place of a value; recordings have none
+        bool once = false;               ///< left out when the steps begin again
     };
 
     /** Writes the file whole; false, with one message on standard error and the file as it was, if it cannot.

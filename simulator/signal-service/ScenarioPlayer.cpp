@@ -1,6 +1,7 @@
 #include <simulator/signal-service/ScenarioPlayer.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace Hmi::Simulator {
 
@@ -8,10 +9,11 @@ namespace Hmi::Simulator {
 static constexpr int StepsPerTurn = 256;
 
 /** In milliseconds. A timer cannot be set for more than this, so it looks again. */
-static constexpr qint64 LongestSleep = 60000;
+static constexpr double LongestSleep = 60000;
 
-ScenarioPlayer::ScenarioPlayer(SignalTable& aTable, const Scenario& aScenario, QObject* aParent) :
-    QObject(aParent), mTable(aTable), mScenario(aScenario)
+ScenarioPlayer::ScenarioPlayer(SignalTable& aTable, const Scenario& aScenario, double aSpeed,
+                               QObject* aParent) :
+    QObject(aParent), mTable(aTable), mScenario(aScenario), mSpeed(aSpeed)
 {
     mTimer.setSingleShot(true);
     mTimer.setTimerType(Qt::PreciseTimer);
@@ -27,17 +29,28 @@ void ScenarioPlayer::start()
         mTimer.start(0);
 }
 
+qint64 ScenarioPlayer::getNow() const
+{
+    return std::llround(static_cast<double>(mClock.nsecsElapsed()) / 1000 * mSpeed);
+}
+
 qint64 ScenarioPlayer::getDue() const { return mPassStart + mScenario.steps[mNext].at; }
+
+void ScenarioPlayer::play(const Scenario::Step& aStep)
+{
+    if (aStep.once && mPassStart > 0)
+        return;
+    if (aStep.command.isEmpty())
+        mTable.take(mScenario.signalTable[aStep.signal].path, aStep.value);
+    else
+        emit commandDue(aStep.command);
+}
 
 void ScenarioPlayer::playDue()
 {
-    const qint64 now = mClock.nsecsElapsed() / 1000;
+    const qint64 now = getNow();
     for (int played = 0; played < StepsPerTurn && getDue() <= now; ++played) {
-        const Scenario::Step& step = mScenario.steps[mNext];
-        if (step.command.isEmpty())
-            mTable.take(mScenario.signalTable[step.signal].path, step.value);
-        else
-            emit commandDue(step.command);
+        play(mScenario.steps[mNext]);
         if (++mNext < mScenario.steps.size())
             continue;
         if (mScenario.loop == 0)
@@ -45,8 +58,8 @@ void ScenarioPlayer::playDue()
         mNext = 0;
         mPassStart += mScenario.loop;
     }
-    const qint64 milliseconds = (getDue() - now + 999) / 1000;
-    mTimer.start(static_cast<int>(std::clamp<qint64>(milliseconds, 0, LongestSleep)));
+    const double milliseconds = std::ceil(static_cast<double>(getDue() - now) / 1000 / mSpeed);
+    mTimer.start(static_cast<int>(std::clamp(milliseconds, 0.0, LongestSleep)));
 }
 
 } // namespace Hmi::Simulator

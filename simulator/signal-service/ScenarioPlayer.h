@@ -17,8 +17,10 @@ class ScenarioPlayer : public QObject
     Q_OBJECT
 
 public:
-    /** The table outlives it, and has the scenario's signals from now on. */
-    ScenarioPlayer(SignalTable& aTable, const Scenario& aScenario, QObject* aParent = nullptr);
+    /** The table outlives it, and has the scenario's signals from now on. The scenario's seconds pass so many
+     * times as fast as those of the clock. */
+    ScenarioPlayer(SignalTable& aTable, const Scenario& aScenario, double aSpeed = 1,
+                   QObject* aParent = nullptr);
 
     void start();
 
@@ -28,16 +30,20 @@ signals:
     void ended();
 
 private:
-    /** Of the next step, in microseconds of the clock. */
+    /** Since the start, in microseconds of the scenario. */
+    qint64 getNow() const;
+    /** Of the next step. */
     qint64 getDue() const;
     void playDue();
+    void play(const Scenario::Step& aStep);
 
     SignalTable& mTable;
     const Scenario mScenario;
+    const double mSpeed;
     QElapsedTimer mClock;
     QTimer mTimer;
     std::size_t mNext = 0;
-    qint64 mPassStart = 0; ///< microseconds of the clock
+    qint64 mPassStart = 0; ///< microseconds of the scenario, over all passes
 };
 
 } // namespace Hmi::Simulator

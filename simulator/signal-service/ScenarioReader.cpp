@@ -20,6 +20,7 @@ static const QString sValue = QStringLiteral("value");
 static const QString sWritable = QStringLiteral("writable");
 static const QString sAt = QStringLiteral("at");
 static const QString sCommand = QStringLiteral("command");
+static const QString sOnce = QStringLiteral("once");
 static const QString sRamp = QStringLiteral("ramp");
 static const QString sFrom = QStringLiteral("from");
 static const QString sTo = QStringLiteral("to");
@@ -121,6 +122,13 @@ bool ScenarioReader::readTime(const QJsonObject& aObject, const QString& aKey, b
                           .arg(MaximumSeconds, 0, 'f', 0));
 }
 
+bool ScenarioReader::readFlag(const QJsonObject& aObject, const QString& aKey, bool& aFlag)
+{
+    const QJsonValue json = aObject.value(aKey);
+    aFlag = json.toBool();
+    return json.isUndefined() || json.isBool() || fail(aKey, QStringLiteral("true or false"));
+}
+
 bool ScenarioReader::readSignal(const QJsonObject& aSignal)
 {
     if (!hasOnly(aSignal, {sPath, sType, sValue, sWritable}))
@@ -133,9 +141,8 @@ bool ScenarioReader::readSignal(const QJsonObject& aSignal)
     if (!type)
         return fail(sType, QStringLiteral("one of \"int\", \"double\", \"bool\", \"string\", \"bytes\""));
     named.signal.type = *type;
-    if (!aSignal.value(sWritable).isUndefined() && !aSignal.value(sWritable).isBool())
-        return fail(sWritable, QStringLiteral("true or false"));
-    named.signal.writable = aSignal.value(sWritable).toBool();
+    if (!readFlag(aSignal, sWritable, named.signal.writable))
+        return false;
     if (aSignal.contains(sValue) && !readValue(aSignal.value(sValue), named, named.signal.value))
         return false;
     mIndexes.emplace(named.path, mScenario.signalTable.size());
@@ -186,7 +193,9 @@ bool ScenarioReader::readStep(const QJsonObject& aStep)
 bool ScenarioReader::readCommand(const QJsonObject& aStep)
 {
     Scenario::Step step{};
-    if (!hasOnly(aStep, {sAt, sCommand}) || !readTime(aStep, sAt, false, step.at))
+    if (!hasOnly(aStep, {sAt, sCommand, sOnce}) || !readTime(aStep, sAt, false, step.at))
+        return false;
+    if (!readFlag(aStep, sOnce, step.once))
         return false;
     step.command = aStep.value(sCommand).toString().trimmed();
     const QString error = mCheckCommand ? mCheckCommand(step.command) : QStringLiteral("there are none");

@@ -45,6 +45,8 @@ private:
     bool hasOnly(const QJsonObject& aObject, const QStringList& aKeys);
     /** Seconds into microseconds. */
     bool readTime(const QJsonObject& aObject, const QString& aKey, bool aAboveZero, qint64& aTime);
+    /** False when it is left out. */
+    bool readFlag(const QJsonObject& aObject, const QString& aKey, bool& aFlag);
     bool readValue(const QJsonValue& aJson, const Scenario::NamedSignal& aSignal,
                    std::optional<DataBuffer>& aValue);
     bool fail(const QString& aKey, const QString& aExpected);

@@ -20,24 +20,24 @@ bool SignalSimulation::start(const Options& aOptions)
 {
     if (!aOptions.signalService.isEmpty())
         makeServer(aOptions);
-    if (!loadScenario(aOptions.scenario) || !record(aOptions.record) || !listen(aOptions))
+    if (!loadScenario(aOptions) || !record(aOptions.record) || !listen(aOptions))
         return false;
     if (mPlayer)
         mPlayer->start();
     return true;
 }
 
-bool SignalSimulation::loadScenario(const QString& aFile)
+bool SignalSimulation::loadScenario(const Options& aOptions)
 {
-    if (aFile.isEmpty())
+    if (aOptions.scenario.isEmpty())
         return true;
     ScenarioReader reader([this](const QString& aCommand) { return mCommandTable.check(aCommand); });
-    const std::optional<Scenario> scenario = reader.read(aFile);
+    const std::optional<Scenario> scenario = reader.read(aOptions.scenario);
     if (!scenario) {
         Console::printError(reader.getError());
         return false;
     }
-    mPlayer = std::make_unique<ScenarioPlayer>(mTable, *scenario);
+    mPlayer = std::make_unique<ScenarioPlayer>(mTable, *scenario, aOptions.speed);
     connect(mPlayer.get(), &ScenarioPlayer::ended, this,
             [] { Console::print(QStringLiteral("scenario ended")); });
     connect(mPlayer.get(), &ScenarioPlayer::commandDue, this,

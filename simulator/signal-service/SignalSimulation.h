@@ -34,7 +34,7 @@ public:
 
 private:
     void makeServer(const Options& aOptions);
-    bool loadScenario(const QString& aFile);
+    bool loadScenario(const Options& aOptions);
     bool record(const QString& aFile);
     bool listen(const Options& aOptions);
 

@@ -344,19 +344,26 @@ TEST_F(ServiceSimulatorProcess, SaysWhyItDoesNotStart)
 TEST_F(ServiceSimulatorProcess, PlaysCommandsBesideSignals)
 {
     HmiTest::writeFile(mFolder, "s.json", R"({"signals": [{"path": "Speed", "type": "int"}], "steps": [
-        {"at": 0.2, "command": "set Speed 12"}, {"at": 0.1, "path": "Speed", "value": 11},
-        {"at": 0.3, "command": "notify add mail 1"}, {"at": 0.3, "command": "notify dismiss 1"},
-        {"at": 0.4, "command": "quit"}]})");
+        {"at": 4, "command": "set Speed 12"}, {"at": 2, "path": "Speed", "value": 11},
+        {"at": 5, "command": "notify add mail 1", "once": true}, {"at": 6, "command": "notify add jam A8"},
+        {"at": 6, "command": "notify dismiss last"}, {"at": 6, "command": "notify dismiss last"}], "loop": 10})");
+    QElapsedTimer clock;
+    clock.start();
     simulator = nullptr;
     Simulator plays(mFolder.filePath(QStringLiteral("socket")),
                     {QStringLiteral("--services"), QStringLiteral("notifications"), QStringLiteral("--bus"),
-                     busAddress(), QStringLiteral("--scenario"), mFolder.filePath(QStringLiteral("s.json"))});
+                     busAddress(), QStringLiteral("--scenario"), mFolder.filePath(QStringLiteral("s.json")),
+                     QStringLiteral("--speed"), QStringLiteral("20")});
     EXPECT_TRUE(plays.says("value Speed 12"));
-    EXPECT_TRUE(plays.says("added 1"));
-    EXPECT_TRUE(plays.says("dismissed 1"));
-    EXPECT_TRUE(hears("Dismissed 1"));
-    EXPECT_TRUE(plays.ends());
-    EXPECT_EQ(joined(mHeard), "Added 1 mail 1 false 0 0,Dismissed 1");
+    EXPECT_TRUE(plays.says("dismissed 2"));
+    EXPECT_TRUE(plays.says("error '2' is not done: there is no such notification, or the words are no "
+                           "number or location"));
+    EXPECT_TRUE(hears("Dismissed 3"));
+    EXPECT_GE(clock.elapsed(), 16000 / 20);
+    EXPECT_LT(clock.elapsed(), 16000);
+    EXPECT_EQ(
+        joined(mHeard),
+        "Added 1 mail 1 false 0 0,Added 2 jam A8 false 0 0,Dismissed 2,Added 3 jam A8 false 0 0,Dismissed 3");
 }
 
 TEST_F(ServiceSimulatorProcess, EndsWhenTheBusIsGone)

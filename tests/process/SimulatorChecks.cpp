@@ -145,6 +145,8 @@ TEST_F(SimulatorProcess, TakesItsSocketWithExactPermissionsAndOnlyWhereItMay)
          "/file' is no socket and is left alone; remove it"},
         {{QStringLiteral("--signal-service"), file("no/s")}, "/no' for the socket '"},
         {{QStringLiteral("--permissions"), QStringLiteral("0999")}, "--permissions takes octal digits"},
+        {{QStringLiteral("--speed"), QStringLiteral("0")},
+         "--speed takes a number from 0.01 to 1000, not '0'"},
         {{QStringLiteral("--signal-service"), mSocket, QStringLiteral("--upstream"), mSocket},
          "another socket than"},
         {{QStringLiteral("--signal-service"), mSocket, QStringLiteral("--record"), file("no/r")},

@@ -43,6 +43,7 @@ TEST(ScenarioReader, NamesThePlaceOfAFaultAndWhatIsExpectedThere)
          "steps[1].ramp.by: one of the keys from, to, during"},
         {ramp(R"("from": 0, "to": 1, "during": 9e6, "every": 0.1)"),
          "steps[1].ramp.every: a ramp of at most 100000"},
+        {step(R"("at": 1, "command": "x", "once": 1)"), "steps[1].once: true or false is expected"},
         {start + R"("steps": [{"at": 2, "path": "D", "value": 1}], "loop": 1})",
          "loop: a time of at least 0.01"}};
     const QTemporaryDir folder;

@@ -21,6 +21,9 @@ file(CONFIGURE OUTPUT ${HMI_QML_DIRECTORY}/DataManagerConf.ini CONTENT "[Storage
 get_target_property(HMI_MOC_PATH Qt5::moc IMPORTED_LOCATION)
 get_filename_component(HMI_QT_TOOLS ${HMI_MOC_PATH} DIRECTORY)
 
+# All of them.
+add_custom_target(hmi_qml_modules)
+
 # hmi_add_qml_module(<uri> <plugin source> <library>): the plugin's class is named as its source.
 function(hmi_add_qml_module uri source library)
     string(REPLACE "." "/" folder ${uri})
@@ -31,6 +34,7 @@ function(hmi_add_qml_module uri source library)
 
     add_library(${target} MODULE ${source})
     target_link_libraries(${target} PRIVATE ${library} hmi_settings)
+    add_dependencies(hmi_qml_modules ${target})
     set_target_properties(${target} PROPERTIES LIBRARY_OUTPUT_DIRECTORY ${directory})
     file(CONFIGURE OUTPUT ${directory}/qmldir CONTENT
 "module ${uri}

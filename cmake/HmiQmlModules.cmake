@@ -15,7 +15,7 @@ endif()
 
 # Every optional type is described; what the library stores meanwhile goes beside the modules.
 set(HMI_DESCRIPTION_CONFIG ${HMI_QML_DIRECTORY}/description.ini)
-file(CONFIGURE OUTPUT ${HMI_DESCRIPTION_CONFIG} CONTENT "[HmiShared]\nDataManagerEnabled=true\nDataManagerConfigPath=DataManagerConf.ini\n")
+file(CONFIGURE OUTPUT ${HMI_DESCRIPTION_CONFIG} CONTENT "[HmiShared]\nDataManagerEnabled=true\nDataManagerConfigPath=DataManagerConf.ini\nSystemUpdateEnabled=true\n")
 file(CONFIGURE OUTPUT ${HMI_QML_DIRECTORY}/DataManagerConf.ini CONTENT "[Storage]\nPath=description.db\n")
 
 get_target_property(HMI_MOC_PATH Qt5::moc IMPORTED_LOCATION)
@@ -32,6 +32,7 @@ function(hmi_add_qml_module uri source library)
     get_filename_component(class ${source} NAME_WE)
     set(directory ${HMI_QML_DIRECTORY}/${folder})
 
+    set_property(GLOBAL APPEND PROPERTY HMI_QML_MODULES ${target})
     add_library(${target} MODULE ${source})
     target_link_libraries(${target} PRIVATE ${library} hmi_settings)
     add_dependencies(hmi_qml_modules ${target})

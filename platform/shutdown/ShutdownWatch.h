@@ -31,7 +31,7 @@ public:
     static constexpr std::chrono::milliseconds DefaultStepTime{2000};
     static constexpr std::chrono::milliseconds LoggingTime{100};
 
-    /** @param aStepTime what a step may take before a warning names it */
+    /** The step time is what a step may take before a warning names it. */
     explicit ShutdownWatch(std::chrono::milliseconds aStepTime = DefaultStepTime);
     /** Ends the last step. Puts the handlers of the signals back if the manager has been deleted. */
     ~ShutdownWatch();

@@ -21,8 +21,8 @@ Q_DECL_EXPORT void unregisterResources();
  * "configureStart", "configureEnd", "loadResourcesStart", "loadThemesStart" and "loadResourcesEnd" when there
  * is a policy.
  *
- * @param aConfigPath the INI file; empty: the application's name + ".ini" in the working directory
- * @param aOverrides texts for the placeholders of the file (see ConfigManager)
+ * The configuration path names the INI file; empty: the application's name + ".ini" in the working directory.
+ * The overrides are texts for the placeholders of the file (see ConfigManager).
  *
  * May run again; the configuration is read at most once per process. A missing file is a warning, and every
  * key then has its default.

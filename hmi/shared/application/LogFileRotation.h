@@ -7,14 +7,14 @@
 namespace Hmi::Shared {
 
 /**
- * The log files of one application in one folder: <name>_1.log of the current run, <name>_2.log of the run
- * before, up to <name>_5.log.
+ * The log files of one application in one folder: `<name>_1.log` of the current run, `<name>_2.log` of the
+ * run before, up to `<name>_5.log`.
  *
- * Every regular file <name>_* takes part with the decimal number between <name>_ and the ending .log; what is
- * no number of 64 bits counts as 0. Links and folders are left alone.
+ * Every regular file `<name>_*` takes part with the decimal number between `<name>_` and the ending .log;
+ * what is no number of 64 bits counts as 0. Links and folders are left alone.
  *
  * No file is ever overwritten. A file whose next name is taken stays as it is, and so does one that would
- * become <name>_1.log; each gives a warning that names both.
+ * become `<name>_1.log`; each gives a warning that names both.
  */
 class LogFileRotation
 {

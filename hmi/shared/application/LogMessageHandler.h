@@ -14,9 +14,9 @@ namespace Hmi::Shared {
 class LocalTimeZoneCache;
 
 /**
- * Writes the messages of all levels and threads to <application name>_1.log in the working folder, and keeps
- * the files of the four runs before (LogFileRotation). Each message is one line of UTF-8, on its way to the
- * file when the logging call returns: time of day, level D, I, W, E or F, category, text.
+ * Writes the messages of all levels and threads to `<application name>_1.log` in the working folder, and
+ * keeps the files of the four runs before (LogFileRotation). Each message is one line of UTF-8, on its way to
+ * the file when the logging call returns: time of day, level D, I, W, E or F, category, text.
  *
  * Created and started on the main thread, at start-up, before other threads run: starting sets the process's
  * message pattern and may set its TZ (LocalTimeZoneCache). Deleting the object, at process exit at the

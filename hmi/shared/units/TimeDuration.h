@@ -24,8 +24,8 @@ class Q_DECL_EXPORT TimeDuration : public QObject
     Q_PROPERTY(int daysPortion READ getDaysPortion NOTIFY durationChanged)
     Q_PROPERTY(int durationInMilliseconds READ getDurationInMilliseconds WRITE setDurationInMilliseconds
                    NOTIFY durationChanged)
-    /** These are written in whole units: a fraction is cut off, and a number beyond int becomes int's limit.
-     */
+    /** This and the three below are written in whole units: a fraction is cut off, and a number beyond int
+     * becomes int's limit. */
     Q_PROPERTY(double durationInSeconds READ getDurationInSeconds WRITE writeSeconds NOTIFY durationChanged)
     Q_PROPERTY(double durationInMinutes READ getDurationInMinutes WRITE writeMinutes NOTIFY durationChanged)
     Q_PROPERTY(double durationInHours READ getDurationInHours WRITE writeHours NOTIFY durationChanged)

@@ -41,7 +41,8 @@ public:
 
     /**
      * The type of the value decides about its form: bool, int, double or string; any other fails. In script,
-     * a number without fraction is an int. Fails before it returns when nothing could be sent.
+     * a number written whole (22) is an int, and a property of type real a double whatever it holds. Fails
+     * before it returns when nothing could be sent.
      */
     Q_INVOKABLE void putValue(const QVariant& aValue);
 

@@ -1,8 +1,9 @@
 """Runs the complete QML examples of the documents beside the simulator, and compiles the complete C++ examples.
 
-Usage: check_examples.py qml QML_TOOL SIMULATOR SCENARIO PAGE...
+Usage: check_examples.py qml QML_TOOL SIMULATOR SCENARIO HEADUNIT THEMES PAGE...
        check_examples.py cpp COMPILER INCLUDE_FOLDERS PAGE...   (folders with ";" between them)
-An example is complete when it begins with an import or an include. No warning is accepted.
+An example is complete when it begins with an import or an include. No warning is accepted. QML finds the controls and the
+themes of the example head unit.
 """
 import os
 import pathlib
@@ -19,6 +20,8 @@ DataManagerConfigPath=DataManagerConf.ini
 SignalServiceEnabled=true
 SignalServicePath=signals
 SystemUpdateEnabled=true
+[HmiCore]
+ThemesPath={themes}
 """
 
 
@@ -53,10 +56,11 @@ def run_all(folder, tool, pages, environment):
     return problems
 
 
-def run_qml(tool, simulator, scenario, *pages):
+def run_qml(tool, simulator, scenario, headunit, themes, *pages):
     with tempfile.TemporaryDirectory() as name:
         folder = pathlib.Path(name)
-        (folder / "hmi.ini").write_text(CONFIGURATION, encoding="utf-8")
+        (folder / "hmi.ini").write_text(CONFIGURATION.format(themes=themes), encoding="utf-8")
+        (folder / "controls").symlink_to(pathlib.Path(headunit) / "qml" / "controls")
         (folder / "DataManagerConf.ini").write_text("[Storage]\n", encoding="utf-8")
         environment = {**os.environ, "HMI_CONFIG": str(folder / "hmi.ini"), "XDG_RUNTIME_DIR": name,
                        "QT_MESSAGE_PATTERN": "%{type}: %{message}"}
@@ -86,6 +90,6 @@ def compile_cpp(compiler, folders, *pages):
 
 
 kind, *rest = sys.argv[1:]
-if not any(True for _ in examples(kind, rest[2 if kind == "cpp" else 3:])):
+if not any(True for _ in examples(kind, rest[2 if kind == "cpp" else 5:])):
     sys.exit("There are no examples.")
 sys.exit(min({"qml": run_qml, "cpp": compile_cpp}[kind](*rest), 1))

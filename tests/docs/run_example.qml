@@ -1,5 +1,6 @@
 import QtQuick 2.15
 import QtQuick.Window 2.15
+import Hmi.Core 1.0
 
 // Shows the example that the last argument names, presses all that can be pressed, and ends.
 Window {
@@ -17,6 +18,8 @@ Window {
     height: 480
 
     Component.onCompleted: {
+        if (ThemeManager.availableThemes.length > 0)
+            ThemeManager.setCurrentTheme(ThemeManager.availableThemes[0])
         const component = Qt.createComponent("file://" + Qt.application.arguments.slice(-1)[0])
         const example = component.createObject(window.contentItem)
         if (!example)

@@ -23,8 +23,8 @@ namespace Hmi::Shared::SignalService {
  *     }
  *
  * The value converts when it is assigned to a property of the signal's type: string, int, double (real) or
- * bool; one of another size is refused by the engine with a message. All of them share one connection. Where
- * the configuration does not enable the signal service, nothing is ever updated.
+ * bool; one of another size makes the property 0 or false, without a message. All of them share one
+ * connection. Where the configuration does not enable the signal service, nothing is ever updated.
  */
 class Q_DECL_EXPORT RxSignalProxy : public QObject
 {

@@ -1,4 +1,4 @@
-"""Compares the keys that the code reads with docs/configuration.md, and follows the links of the documents.
+"""Compares the keys and settings of the code with docs/configuration.md and the guide; follows the documents' links.
 
 Usage: check_pages.py SOURCES
 """
@@ -22,6 +22,11 @@ for group, (file, pattern) in KEYS.items():
     told = {key for cell in cells for key in cell.split(", ")} - {"Key"}
     problems += [f"{group}/{key}: only in {file if key in read else 'the page'}" for key in sorted(read ^ told)]
     problems += [] if read else [f"no key in {file}"]
+
+guide = (sources / "docs/guide/settings.md").read_text(encoding="utf-8")
+shared = (sources / "hmi/shared/settings/SharedSettings.cpp").read_text(encoding="utf-8")
+problems += [f"the setting {name} is not in the guide" for name in re.findall(r'\{"(\w+)", "Settings', shared)
+             if f"`{name}`" not in guide]
 
 
 def headings(text):

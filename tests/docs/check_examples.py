@@ -8,7 +8,6 @@ themes of the example head unit.
 import os
 import pathlib
 import re
-import signal
 import subprocess
 import sys
 import tempfile
@@ -32,12 +31,12 @@ def examples(kind, pages):
             yield f"{page}:{text.count(chr(10), 0, match.start()) + 1}", match.group(1)
 
 
-def start(command, ready, environment):
-    """A process in the background, once it has printed the line that says it is ready."""
-    process = subprocess.Popen(command, env=environment, stdout=subprocess.PIPE, text=True)
-    for line in process.stdout:
+def start(processes, command, ready, environment):
+    """Adds a process in the background; the line that says it is ready."""
+    processes.append(subprocess.Popen(command, env=environment, stdout=subprocess.PIPE, text=True))
+    for line in processes[-1].stdout:
         if line.startswith(ready):
-            return process, line.strip()
+            return line.strip()
     sys.exit(f"{command[0]} ended before it was ready")
 
 
@@ -64,16 +63,19 @@ def run_qml(tool, simulator, scenario, headunit, themes, *pages):
         (folder / "DataManagerConf.ini").write_text("[Storage]\n", encoding="utf-8")
         environment = {**os.environ, "HMI_CONFIG": str(folder / "hmi.ini"), "XDG_RUNTIME_DIR": name,
                        "QT_MESSAGE_PATTERN": "%{type}: %{message}"}
-        bus, address = start(["dbus-daemon", "--session", "--nofork", "--print-address", f"--address=unix:dir={name}"],
-                             "unix:", environment)
-        environment["DBUS_SYSTEM_BUS_ADDRESS"] = address
-        services, _ = start([simulator, "--signal-service", str(folder / "signals"), "--services", "all", "--scenario", scenario,
-                             "--no-commands"], "listening", {key: value for key, value in environment.items() if key != "LD_PRELOAD"})
+        # A sanitizer's runtime is loaded before Qt's tool only.
+        plain = {key: value for key, value in environment.items() if key != "LD_PRELOAD"}
+        processes = []
         try:
+            environment["DBUS_SYSTEM_BUS_ADDRESS"] = plain["DBUS_SYSTEM_BUS_ADDRESS"] = start(
+                processes, ["dbus-daemon", "--session", "--nofork", "--print-address", f"--address=unix:dir={name}"],
+                "unix:", plain)
+            start(processes, [simulator, "--signal-service", str(folder / "signals"), "--services", "all",
+                              "--scenario", scenario, "--no-commands"], "listening", plain)
             return run_all(folder, tool, pages, environment)
         finally:
-            for process in services, bus:
-                process.send_signal(signal.SIGTERM)
+            for process in reversed(processes):
+                process.terminate()
                 process.wait()
 
 

@@ -30,7 +30,8 @@ problems += [f"the setting {name} is not in the guide" for name in re.findall(r'
 
 
 def headings(text):
-    return {re.sub(r"[^\w -]", "", line).strip().lower().replace(" ", "-") for line in re.findall(r"^#+ (.*)$", text, re.MULTILINE)}
+    lines = re.findall(r"^#+ (.*)$", text, re.MULTILINE)
+    return {re.sub(r"[^\w -]", "", line).strip().lower().replace(" ", "-") for line in lines}
 
 
 for document in [*sources.glob("*.md"), *sources.glob("docs/**/*.md")]:

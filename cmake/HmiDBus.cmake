@@ -9,7 +9,7 @@ function(hmi_dbus_proxy target interface file class types)
     target_compile_options(${file} PRIVATE -fvisibility=default -w)
     target_link_libraries(${target} PRIVATE ${file})
     target_include_directories(${target} SYSTEM PUBLIC $<BUILD_INTERFACE:${CMAKE_CURRENT_BINARY_DIR}>)
-    install(FILES ${interface} DESTINATION share/dbus-1/interfaces)
+    install(FILES ${interface} DESTINATION ${CMAKE_INSTALL_DATADIR}/dbus-1/interfaces COMPONENT development)
 endfunction()
 
 # hmi_dbus_adaptor(<target> <interface>.xml <file> <class> <parent header> <parent class>): generates the service side of

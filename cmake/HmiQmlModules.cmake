@@ -47,8 +47,11 @@ typeinfo plugins.qmltypes
     if(NOT HMI_SANITIZER MATCHES "thread")
         add_custom_command(TARGET ${target} POST_BUILD
             COMMAND ${CMAKE_COMMAND} -E env ${HMI_QML_TOOL_ENVIRONMENT} HMI_CONFIG=${HMI_DESCRIPTION_CONFIG}
-                ${HMI_QT_TOOLS}/qmlplugindump -nonrelocatable -noinstantiate -output ${directory}/plugins.qmltypes
-                ${uri} ${HMI_QML_VERSION} ${HMI_QML_DIRECTORY}
+                ${HMI_QT_TOOLS}/qmlplugindump -nonrelocatable -noinstantiate -output ${folder}/plugins.qmltypes
+                ${uri} ${HMI_QML_VERSION} .
+            # The description holds this command.
+            WORKING_DIRECTORY ${HMI_QML_DIRECTORY}
             COMMENT "Describing the types of ${uri}" VERBATIM)
     endif()
+    hmi_install_qml_module(${target} ${folder} ${directory})
 endfunction()

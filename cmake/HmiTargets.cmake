@@ -44,6 +44,7 @@ function(hmi_add_library target alias)
     # As Qt does with its own: half of the look-ups when a process starts.
     target_link_options(${target} PRIVATE -Wl,-Bsymbolic-functions)
     target_include_directories(${target} INTERFACE $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>)
+    hmi_install_library(${target} ${alias})
 endfunction()
 
 # hmi_qt_headers(<target> <header>...): precompiles the Qt headers that most sources of a target include.

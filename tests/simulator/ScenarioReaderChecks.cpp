@@ -63,7 +63,7 @@ TEST(ScenarioReader, NamesThePlaceOfAFaultAndWhatIsExpectedThere)
 TEST(ScenarioReader, ReadsTheExampleAndRoundsRampsOfWholeNumbers)
 {
     ScenarioReader reader;
-    const auto example = reader.read(QStringLiteral(HMI_EXAMPLE_SCENARIO));
+    const auto example = reader.read(QStringLiteral(":/scenarios/drive.json"));
     ASSERT_TRUE(example) << qPrintable(reader.getError());
     EXPECT_EQ(example->loop, 60000000);
     const QTemporaryDir folder;

@@ -2,6 +2,8 @@
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME hmi-shared)
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
+# Each package has its own as the first line of its description.
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")
 set(CPACK_PACKAGE_CONTACT "Hmi Shared developers <developers@hmi-shared.example.org>")
 set(CPACK_PACKAGE_DIRECTORY ${PROJECT_BINARY_DIR}/packages)
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
@@ -16,6 +18,8 @@ set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
 # The project's own libraries come with the package of the component that is depended on.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_LIBRARY_OUTPUT_DIRECTORY})
 
@@ -24,7 +28,6 @@ set(CPACK_DEBIAN_LIBRARY_PACKAGE_SECTION libs)
 # Qt loads it when strings are registered.
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_DEPENDS libqt5sql5-sqlite)
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_RECOMMENDS "dbus, fonts-open-sans")
-set(CPACK_DEBIAN_LIBRARY_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_COMPONENT_LIBRARY_DESCRIPTION "shared component layer of a head unit's HMI
 Settings, vehicle signals, software update, notifications, units and more
 for the QML screens and C++ modules of a car head unit, with the policies

@@ -44,6 +44,8 @@ D-Bus interfaces, and an example head unit.")
 
 set(CPACK_DEBIAN_QML_PACKAGE_NAME qml-module-hmi-shared)
 set(CPACK_DEBIAN_QML_PACKAGE_SECTION libs)
+# The tools show nothing without them.
+set(CPACK_DEBIAN_QML_PACKAGE_RECOMMENDS "qml-module-qtquick2, qml-module-qtquick-window2")
 set(CPACK_COMPONENT_QML_DEPENDS library)
 set(CPACK_COMPONENT_QML_DESCRIPTION "shared component layer of a head unit's HMI - QML modules
 The modules Hmi.Core and hmi.shared, and their companions, as plugins for

@@ -6,7 +6,7 @@ import "controls"
 Screen {
     id: drive
 
-    readonly property double _speed: Vehicle.online ? Vehicle.speed : NaN
+    readonly property double _speed: Vehicle.online ? Formats.speed(Vehicle.speed) : NaN
 
     title: Formats.date(Now.minute)
 
@@ -43,7 +43,7 @@ Screen {
         objectName: "speed"
         anchors { horizontalCenter: parent.horizontalCenter; top: parent.top; topMargin: 24 }
         font.pixelSize: 2 * Look.fontHuge
-        text: Formats.speed(drive._speed)
+        text: Formats.whole(drive._speed)
         Accessible.description: qsTr("Speed")
     }
     Words {

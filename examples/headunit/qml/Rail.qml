@@ -24,9 +24,7 @@ Rectangle {
                 width: parent.width
                 height: 80
                 text: qsTranslate("Apps", modelData.title)
-                checkable: true
-                autoExclusive: true
-                checked: current
+                Accessible.selected: current
                 onClicked: AppManager.show(modelData.name)
 
                 contentItem: Text {

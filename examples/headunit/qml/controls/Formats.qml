@@ -22,10 +22,13 @@ QtObject {
 
     function number(value, decimals) { return Number(value).toLocaleString(locale, "f", decimals) }
 
-    /*! Without its unit, speedUnit. */
+    /*! A number that is whole already. */
+    function whole(value) { return isNaN(value) ? unknown : number(value, 0) }
+
+    /*! The number to show, in the unit of speedUnit: it changes less often than the speed. */
     function speed(kilometresPerHour) {
-        return isNaN(kilometresPerHour) ? unknown : number(Math.round(MeasurementUnits.convertSpeed(
-            kilometresPerHour, MeasurementUnits.UnitSpeedKilometersPerHour, _speedUnit)), 0)
+        return Math.round(MeasurementUnits.convertSpeed(
+            kilometresPerHour, MeasurementUnits.UnitSpeedKilometersPerHour, _speedUnit))
     }
 
     /*! In the unit and to the step that suit its size. */

@@ -1,5 +1,6 @@
 import QtQuick 2.15
 import QtQuick.Controls 2.15
+import "."
 
 /*! A slider. */
 Slider {
@@ -8,4 +9,5 @@ Slider {
     implicitWidth: 280
     implicitHeight: 44
     Accessible.name: name
+    palette.window: Look.accent
 }

@@ -1,5 +1,6 @@
 import QtQuick 2.15
 import QtQuick.Controls 2.15
+import "."
 
 /*! A switch, on or off. */
 Switch {
@@ -7,4 +8,5 @@ Switch {
 
     implicitHeight: 44
     Accessible.name: name
+    palette.window: checked ? Look.surface : Look.faintText
 }

@@ -116,6 +116,7 @@ TEST_F(ApplicationProcess, EndsInOrderHoweverItIsAsked)
                         {"request-after-init", 0, "map up;radio up;screens;settings false 3;screens gone;"},
                         {"", SIGINT, usual},
                         {"task", SIGTERM, usual},
+                        {"task task-waits", SIGTERM, "started;"},
                         {"signal-before-init", 0, ""},
                         {"request-before-init", 0, ""},
                         {"signal-in-init", 0, "map up;radio up;screens;"},

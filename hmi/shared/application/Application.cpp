@@ -115,6 +115,8 @@ void Application::init()
             // exec() may not have begun yet.
             if (isShutdownRequested())
                 QMetaObject::invokeMethod(this, &QCoreApplication::quit, Qt::QueuedConnection);
+            else
+                watchForSignals();
             return;
         }
         smInitialized = true;
@@ -205,15 +207,27 @@ void Application::handleApplicationStartupComplete(bool aStopRecording)
         mRecording->end();
 }
 
-void Application::watchForShutdown()
+/** Also while a task holds start-up back: nothing is there then to be shut down, and the event loop ends. */
+void Application::watchForSignals()
 {
+    if (mShutdownManager)
+        return;
     mShutdownManager = std::make_unique<QT::ShutdownManager>(this);
+    const auto shutDown = [] {
+        requestShutdown();
+        quit();
+    };
     // The ordered shutdown deletes the manager.
-    connect(mShutdownManager.get(), &QT::ShutdownManager::shutdownRequested, this,
-            &Application::requestShutdown, Qt::QueuedConnection);
+    connect(mShutdownManager.get(), &QT::ShutdownManager::shutdownRequested, this, shutDown,
+            Qt::QueuedConnection);
     if (!mShutdownManager->initialize())
         qCCritical(hmiShared, "Application::init(): Error initializing shutdown manager. SIGTERM will not be "
                               "handled properly.");
+}
+
+void Application::watchForShutdown()
+{
+    watchForSignals();
     mServiceNotifier = std::make_unique<QT::ServiceNotifier>();
     mServiceNotifier->ready();
     connect(this, &QCoreApplication::aboutToQuit, this, &Application::requestShutdown, Qt::UniqueConnection);

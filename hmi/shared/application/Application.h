@@ -93,8 +93,8 @@ public:
 
     /**
      * Starts in stages. Does nothing once that was done or a shutdown was requested; ends early, to be called
-     * again, when initModules() says so. A shutdown that is requested meanwhile ends it behind the stage that
-     * is under way, and the event loop, too.
+     * again, when initModules() says so; a signal to end then ends the event loop. A shutdown that is
+     * requested meanwhile ends it behind the stage that is under way, and the event loop, too.
      */
     void init();
 
@@ -181,6 +181,7 @@ private:
     bool startUpInStages();
     void beginStartUpRecording();
     void completeSettings();
+    void watchForSignals();
     void watchForShutdown();
     void shutDownInOrder();
     void deleteInstances();

@@ -7,7 +7,8 @@ folder=$(mktemp -d)
 export TMPDIR=$folder/tmp
 mkdir "$TMPDIR"
 unset DISPLAY WAYLAND_DISPLAY QT_QPA_PLATFORM
-trap 'rm -rf "$folder"' EXIT
+pid=
+trap 'kill $pid 2>/dev/null; wait; rm -rf "$folder"' EXIT
 options=(--built "$built" --data "$folder/data")
 if ldd "$built/examples/headunit/headunit" | grep -q libasan; then
     # Qt's engine keeps memory until exit; leaks are looked for in the component checks.
@@ -22,7 +23,8 @@ broken() {
 
 # says TEXT: waits for it.
 says() {
-    timeout 120 tail --follow --lines=+1 --sleep-interval=0.1 "$folder/log" 2>/dev/null | grep -qF -m 1 -- "$1" || broken "It does not say: $1"
+    grep -qF -m 1 -- "$1" < <(timeout 120 tail --pid=$$ --follow --lines=+1 --sleep-interval=0.1 "$folder/log") \
+        || broken "It does not say: $1"
 }
 
 # leaves_nothing: no process that knows of this check's folder, no socket, no FIFO.
@@ -42,7 +44,7 @@ refuses() {
 }
 
 ends_in_order() {
-    local signal pid
+    local signal
     for signal in INT TERM; do
         # A shell's background commands ignore SIGINT, a terminal's do not.
         env --default-signal=INT "$desk" "${options[@]}" --screenshots none >"$folder/log" 2>&1 </dev/null &
@@ -74,8 +76,9 @@ says_what_is_missing() {
 # A whole drive, which the simulator refuses nothing of, and its beginning once more.
 plays_the_commute() {
     "$desk" "${options[@]}" --screenshots none --speed 20 </dev/null >"$folder/log" 2>&1 &
-    local pid=$! line
-    says "simulator: added 4"
+    pid=$!
+    local line
+    says "simulator: added 5"
     kill -TERM "$pid"
     wait "$pid" || broken "It ended with status $?."
     for line in offered "moved 3 " "dropped 1" "dismissed 3" created; do

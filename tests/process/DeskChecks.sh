@@ -27,9 +27,9 @@ says() {
         || broken "It does not say: $1"
 }
 
-# leaves_nothing: no process that knows of this check's folder, no socket, no FIFO.
+# leaves_nothing: no process that was given a folder of this check, no socket, no FIFO.
 leaves_nothing() {
-    ! pgrep -af -- "$TMPDIR/" >&2 || broken "Processes are left."
+    ! grep -lsaFf <(printf '%s\n' "$TMPDIR" "$folder/data") /proc/[0-9]*/cmdline >&2 || broken "Processes are left."
     [[ -z $(ls "$TMPDIR") && ! -e $folder/data/commands ]] || broken "Files are left: $(ls "$TMPDIR")"
 }
 

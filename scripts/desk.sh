@@ -5,7 +5,10 @@ bus=             # address
 work=            # folder of the sockets; gone at the end
 commands=        # FIFO that the simulator reads; gone at the end
 printer=         # process id of what shows the simulator's lines
+# Whatever ends the desk is a line in the FIFO "events" (descriptor 5), so that nothing is missed and nothing is done in
+# the middle of something else.
 declare -A parts # process ids of the others, by name
+patience=20      # seconds for a part to start or to end
 
 # What begins with these is not left behind when the script is killed; the second is out of reach of Ctrl-C as well.
 bound=(setpriv --pdeathsig TERM --)
@@ -18,17 +21,17 @@ open_desk() {
     flock --nonblock 9 || fail "A desk that keeps its data in '$1' runs already; end it, or name another folder with --data."
     work=$(mktemp -d "${TMPDIR:-/tmp}/headunit-desk.XXXXXX") || fail "There can be no folder in '${TMPDIR:-/tmp}'."
     trap end_desk EXIT
-    trap 'exit 0' INT TERM HUP
-    trap simulator_ended USR1
     commands=$1/commands
     rm -f "$commands"
-    mkfifo "$commands" "$work/answers" "$work/address"
+    mkfifo "$commands" "$work/answers" "$work/address" "$work/alive" "$work/events"
+    exec 5<>"$work/events"
+    trap 'echo stop >&5' INT TERM HUP
 }
 
 # end_desk: with the status of the script, or 1 when a part did not end well.
 end_desk() {
     local status=$?
-    trap '' INT TERM HUP ALRM USR1
+    trap '' INT TERM HUP
     set +e
     end_part "head unit" || status=1
     end_helper timer
@@ -42,7 +45,7 @@ end_desk() {
 
 # end_part NAME: in order, or after a while at once.
 end_part() {
-    local pid=${parts[$1]:-} patience=20 status=0
+    local pid=${parts[$1]:-} status=0
     [[ -n $pid ]] || return 0
     kill -TERM "$pid" 2>/dev/null
     if ! timeout "$patience" tail --pid="$pid" --sleep-interval=0.05 --follow /dev/null 9>&-; then
@@ -70,7 +73,7 @@ start_bus() {
     "${detached[@]}" dbus-daemon --session --nofork --nopidfile --print-address "--address=unix:path=$work/bus" \
         >"$work/address" 2>"$work/bus.log" &
     parts[bus]=$!
-    read -r bus <"$work/address" || fail "The private bus did not start ($(<"$work/bus.log")); name another one with --bus."
+    read -r -t "$patience" bus <"$work/address" || fail "The private bus did not start ($(<"$work/bus.log")); name another one with --bus."
 }
 
 # start_simulator PROGRAM REPORTS OPTION...: with all services; its lines are shown from now on.
@@ -82,26 +85,15 @@ start_simulator() {
     parts[simulator]=$!
     exec 4<"$work/answers"
     while [[ $line != "listening $work/signals" ]]; do
-        read -r line <&4 || fail "The simulator did not start; it says why above."
+        read -r -t "$patience" line <&4 || fail "The simulator did not start; it says why above."
         echo "simulator: $line"
     done
     {
         sed -u 's/^/simulator: /' <&4
-        kill -USR1 $$
+        echo simulator >&5
     } 9>&- &
     printer=$!
     exec 4<&-
-}
-
-# simulator_ended: on SIGUSR1, when all its lines have been shown.
-simulator_ended() {
-    local status=0
-    wait "${parts[simulator]}" || status=$?
-    unset "parts[simulator]"
-    printer=
-    ((status == 0)) || fail "The simulator ended with status $status, and the desk with it; it says why above."
-    say "'quit' was typed"
-    exit 0
 }
 
 # forward_input: what is typed goes to the simulator.
@@ -160,21 +152,29 @@ write_configuration() {
 start_headunit() {
     [[ $QT_QPA_PLATFORM != offscreen ]] || export QT_QUICK_BACKEND=software
     export XDG_RUNTIME_DIR=${XDG_RUNTIME_DIR:-$work} DBUS_SYSTEM_BUS_ADDRESS=$bus
-    "${detached[@]}" "$1" "$2" </dev/null &
+    "${detached[@]}" "$1" "$2" </dev/null 7>"$work/alive" &
     parts["head unit"]=$!
+    {
+        cat <"$work/alive"
+        echo "head unit" >&5
+    } 9>&- &
 }
 
-# limit_time SECONDS: SIGALRM comes when they are over. Nobody writes into that FIFO any more.
+# limit_time SECONDS. Nobody writes into that FIFO any more.
 limit_time() {
-    # shellcheck disable=SC2016 # expanded there
-    "${bound[@]}" bash -c 'read -rt "$1" <>"$2"; kill -ALRM "$3"' timer "$1" "$work/address" $$ 9>&- &
+    {
+        read -r -t "$1" <>"$work/address"
+        echo stop >&5
+    } 9>&- &
     parts[timer]=$!
 }
 
-# wait_for_headunit: fails when it did.
-wait_for_headunit() {
-    local status=0
-    wait "${parts["head unit"]}" || status=$?
-    unset "parts[head unit]"
-    ((status == 0)) || fail "The head unit ended with status $status; see 'When it does not start' in docs/desk.md."
+# wait_for_end: of the desk's time or of one of its parts; fails when that did.
+wait_for_end() {
+    local event status=0
+    read -r event <&5
+    [[ $event != stop ]] || return 0
+    wait "${parts[$event]}" || status=$?
+    unset "parts[$event]"
+    ((status == 0)) || fail "The $event ended with status $status; see 'When it does not start' in docs/desk.md."
 }

@@ -161,6 +161,18 @@ TEST_F(ApplicationProcess, StopsWhereAProductForgotItsNonBlockingModules)
         mErrors.contains("Application::deInitNonBlockingModules() must be called by derived classes"));
 }
 
+TEST_F(ApplicationProcess, ShowsScreensWhereTheModulesAreInstalledAsPluginsToo)
+{
+    mEnvironment.insert(QStringLiteral("QML2_IMPORT_PATH"), QStringLiteral(HMI_QML_DIRECTORY));
+    // The engine keeps memory until exit.
+    mEnvironment.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("detect_leaks=0"));
+    start("import");
+    EXPECT_TRUE(says("screen object")) << mOutput.constData() << mErrors.constData();
+    ASSERT_TRUE(says("started"));
+    signal(SIGTERM);
+    EXPECT_EQ(end(), 0);
+}
+
 TEST_F(ApplicationProcess, LogsAsTheCommandLineSays)
 {
     start("quit", {QStringLiteral("-q"), QStringLiteral("-l")});

@@ -1,6 +1,7 @@
 // An application of a product that does what the environment variable PROBE says, and prints what happens to
 // it.
 #include <QDir>
+#include <QQmlComponent>
 #include <QTimer>
 #include <csignal>
 #include <cstdio>
@@ -89,11 +90,20 @@ protected:
         if (!isWanted("blocking"))
             initNonBlockingModules();
     }
+    QString loadScreen()
+    {
+        QQmlComponent screen(getQmlEngine());
+        screen.setData("import QtQml 2.15\nimport Hmi.Core 1.0\nimport hmi.shared 1.0\nimport "
+                       "hmi.navigation.guidance 1.0\nQtObject { objectName: typeof SettingsManager }",
+                       QUrl());
+        const std::unique_ptr<QObject> object(screen.create());
+        return object ? QStringLiteral("screen ") + object->objectName() : screen.errorString();
+    }
     void initViewerApp() override
     {
         if (isWanted("signal-in-init"))
             std::raise(SIGTERM);
-        say(QStringLiteral("screens"));
+        say(isWanted("import") ? loadScreen() : QStringLiteral("screens"));
     }
     void postInit() override
     {

@@ -14,6 +14,7 @@
 #include <hmi/shared/application/MeasurementRecording.h>
 #include <hmi/shared/application/PageSetPolicyBase.h>
 #include <hmi/shared/application/PerfEventPolicyMetron.h>
+#include <hmi/shared/application/RegisteredModules.h>
 #include <hmi/shared/application/modules/HmiSharedGlobal.h>
 #include <hmi/shared/application/modules/ModuleManager.h>
 #include <hmi/shared/qml/SharedQmlModule.h>
@@ -56,8 +57,10 @@ Application::Application(int& argc, char** argv, const QString& aApplicationName
                          const QString& aSecondaryName) :
     QGuiApplication(argc, argv),
     mName(aApplicationName),
-    mSecondaryName(aSecondaryName.isEmpty() ? aApplicationName : aSecondaryName)
+    mSecondaryName(aSecondaryName.isEmpty() ? aApplicationName : aSecondaryName),
+    mRegisteredModules(std::make_unique<RegisteredModules>())
 {
+    mEngine.setUrlInterceptor(mRegisteredModules.get());
     qRegisterMetaType<MemoryLevel>("MemoryLevel");
     smInstance = this;
     QT::ShutdownManager::installEarly();

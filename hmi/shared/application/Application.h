@@ -25,6 +25,7 @@ namespace Hmi::Shared {
 class MeasurementRecording;
 class PageSetPolicyBase;
 class PerfEventPolicyMetron;
+class RegisteredModules;
 
 /**
  * Base class of every HMI process: owns the QML engine, parses the command line, sets logging up, starts in
@@ -201,6 +202,7 @@ private:
     PageSetPolicyBase* mPageSetPolicy = nullptr;
     QSharedPointer<PerfEventPolicyMetron> mPerfEventPolicy;
     bool mNonBlockingModules = false;
+    const std::unique_ptr<RegisteredModules> mRegisteredModules;
     QQmlEngine mEngine;
     std::unique_ptr<QT::ShutdownManager> mShutdownManager;
     std::unique_ptr<QT::ServiceNotifier> mServiceNotifier;

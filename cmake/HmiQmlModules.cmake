@@ -43,8 +43,9 @@ plugin ${target}
 classname ${class}
 typeinfo plugins.qmltypes
 ")
-    # ThreadSanitizer's runtime cannot be loaded into the tools, and its checks use no QML.
-    if(NOT HMI_SANITIZER MATCHES "thread")
+    # ThreadSanitizer's runtime cannot be loaded into the tools, and its checks use no QML. Nor do they load what is built
+    # for another machine; a description is the same for all of them.
+    if(NOT HMI_SANITIZER MATCHES "thread" AND NOT CMAKE_CROSSCOMPILING)
         add_custom_command(TARGET ${target} POST_BUILD
             COMMAND ${CMAKE_COMMAND} -E env ${HMI_QML_TOOL_ENVIRONMENT} HMI_CONFIG=${HMI_DESCRIPTION_CONFIG}
                 ${HMI_QT_TOOLS}/qmlplugindump -nonrelocatable -noinstantiate -output ${folder}/plugins.qmltypes

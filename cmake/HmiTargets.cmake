@@ -22,6 +22,11 @@ target_compile_definitions(hmi_settings INTERFACE
     QT_NO_URL_CAST_FROM_STRING
     QT_DEPRECATED_WARNINGS
     $<$<CONFIG:Release>:QT_NO_DEBUG>)
+if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+    # Sizes over 2 GiB, inode numbers over 32 bits and times after 2038-01-19 exist there as well; else the C library
+    # refuses such files.
+    target_compile_definitions(hmi_settings INTERFACE _FILE_OFFSET_BITS=64 _TIME_BITS=64)
+endif()
 target_include_directories(hmi_settings INTERFACE ${PROJECT_SOURCE_DIR})
 
 if(HMI_SANITIZER)

@@ -38,7 +38,8 @@ static quint64 zstdContentSize(const BoundedBytes& aFrame)
 const char* ResourceBundleCheck::findFault()
 {
     static constexpr char Magic[] = {'q', 'r', 'e', 's'};
-    if (std::memcmp(mFile.data(), Magic, std::min<size_t>(sizeof Magic, mFile.size())) != 0)
+    const auto compared = static_cast<size_t>(std::min<quint64>(sizeof Magic, mFile.size()));
+    if (std::memcmp(mFile.data(), Magic, compared) != 0)
         return "is not a resource bundle; build it with \"rcc --binary\"";
     const quint32 version = mFile.has(4, 4) ? mFile.number<quint32>(4) : 1;
     if (version < 1 || version > 3)
@@ -69,7 +70,7 @@ bool ResourceBundleCheck::readHeader()
 
 bool ResourceBundleCheck::checkTree()
 {
-    mClaimed.assign(mTree.size() / mNodeSize, false);
+    mClaimed.assign(static_cast<size_t>(mTree.size() / mNodeSize), false);
     if (!claimChildren(0, 1) || !(mTree.number<quint16>(4) & FlagDirectory))
         return false;
     while (!mPending.empty()) {
@@ -128,7 +129,7 @@ bool ResourceBundleCheck::claimChildren(quint64 aFirst, quint64 aCount)
 {
     if (aCount > mClaimed.size() || aFirst > mClaimed.size() - aCount)
         return aCount == 0;
-    for (quint64 node = aFirst; node < aFirst + aCount; ++node) {
+    for (auto node = static_cast<size_t>(aFirst); node < aFirst + aCount; ++node) {
         if (mClaimed[node])
             return false;
         mClaimed[node] = true;

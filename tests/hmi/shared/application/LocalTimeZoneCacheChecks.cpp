@@ -5,8 +5,10 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <cstdio>
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <memory>
+#include <sys/stat.h>
 #include <tuple>
 #include <utility>
 
@@ -34,8 +36,9 @@ struct LocalTimeZoneCacheFolder : testing::Test
                    QByteArray("\0\0LOC", 6));
         file.flush();
         // The C library tells files apart by inode and second; an inode may be that of a file of another
-        // check.
-        file.setFileTime(QDateTime::fromSecsSinceEpoch(aHours), QFile::FileModificationTime);
+        // check. These seconds no longer fit into 32 bits.
+        const timespec times[] = {{0, UTIME_OMIT}, {(qint64(1) << 31) + aHours, 0}};
+        EXPECT_EQ(::utimensat(AT_FDCWD, QFile::encodeName(file.fileName()).constData(), times, 0), 0);
         return file.fileName();
     }
 

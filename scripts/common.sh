@@ -19,11 +19,15 @@ as_root() {
     fi
 }
 
-# missing_packages [fuzz]: of those up to the line "# Fuzzing", or of all.
+# missing_packages [fuzz | target]: of those that everything needs, of these and those for fuzzing, or only of those that
+# scripts/target needs.
 missing_packages() {
-    local wanted installed last='/^# Fuzzing/q'
-    [[ ${1:-} == fuzz ]] && last=
-    wanted=$(sed "$last" "$root/scripts/packages.txt" | sed 's/#.*//' | xargs -n1 | sort -u)
+    local wanted installed lines='1,/^# Fuzzing/p'
+    case ${1:-} in
+    fuzz) lines='1,/^# Targets/p' ;;
+    target) lines='/^# Targets/,$p' ;;
+    esac
+    wanted=$(sed -n "$lines" "$root/scripts/packages.txt" | sed 's/#.*//' | xargs -n1 | sort -u)
     installed=$(dpkg-query -W -f='${Package} ${db:Status-Status}\n' $wanted 2>/dev/null | sed -n 's/ installed$//p' | sort -u)
     comm -23 <(printf '%s\n' "$wanted") <(printf '%s\n' "$installed")
 }

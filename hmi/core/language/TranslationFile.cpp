@@ -1,9 +1,9 @@
 #include <hmi/core/language/TranslationFile.h>
 
 #include <QCoreApplication>
-#include <QFile>
 #include <cstring>
 
+#include <hmi/core/input/BoundedFile.h>
 #include <hmi/core/resources/BoundedBytes.h>
 
 // file     = magic section*
@@ -126,14 +126,14 @@ static bool isIntact(const BoundedBytes& aFile)
 
 std::unique_ptr<TranslationFile> TranslationFile::load(const QString& aFilePath)
 {
-    QFile file(aFilePath);
-    if (!file.open(QIODevice::ReadOnly)) {
-        qWarning("The translation '%s' cannot be opened: %s.", qUtf8Printable(aFilePath),
-                 qUtf8Printable(file.errorString()));
+    std::unique_ptr<TranslationFile> result(new TranslationFile);
+    QString problem;
+    result->mContent = readBounded(aFilePath, MaximumFileSize, problem);
+    if (!problem.isEmpty()) {
+        qWarning("The translation '%s' cannot be read: %s.", qUtf8Printable(aFilePath),
+                 qUtf8Printable(problem));
         return nullptr;
     }
-    std::unique_ptr<TranslationFile> result(new TranslationFile);
-    result->mContent = file.readAll();
     const QByteArray& content = result->mContent;
     const auto* bytes = reinterpret_cast<const uchar*>(content.constData());
     if (!isIntact(BoundedBytes(bytes, quint64(content.size()))) ||

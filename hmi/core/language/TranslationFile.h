@@ -15,9 +15,12 @@ namespace Hmi::Core {
 class Q_DECL_EXPORT TranslationFile
 {
 public:
+    /** Of more bytes nothing is read: memory for them may not be there. */
+    static constexpr qint64 MaximumFileSize = 64 << 20;
+
     /**
-     * Reads and checks the file. Null, with a warning that names it, when it cannot be read, is damaged or
-     * holds no texts of its own (a file that only names other translations).
+     * Reads and checks the file. Null, with a warning that names it, when it cannot be read, is larger than
+     * that, is damaged or holds no texts of its own (a file that only names other translations).
      */
     static std::unique_ptr<TranslationFile> load(const QString& aFilePath);
 

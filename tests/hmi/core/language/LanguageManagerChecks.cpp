@@ -82,6 +82,12 @@ TEST(Translations, OfDamagedFilesAreRefusedOrSafeToLookUp)
     }
     qInstallMessageHandler(handler);
     EXPECT_GT(accepted, 0);
+    // Beyond the memory of a 32-bit process.
+    const QString path = folder.filePath(QStringLiteral("file.qm"));
+    QFile::resize(path, qint64(3) << 30);
+    expectWarning(
+        QStringLiteral("The translation '%1' cannot be read: it has more than 67108864 bytes.").arg(path));
+    EXPECT_FALSE(TranslationFile::load(path));
 }
 
 TEST(LanguageManager, RetranslatesTheEnginesOnceForEachChangeAndRefusesWhatIsNoCode)

@@ -54,7 +54,7 @@ void runChild()
     child.setProcessEnvironment(QT::childEnvironment());
     child.start(
         QStringLiteral("/bin/sh"),
-        {QStringLiteral("-c"), QStringLiteral("echo $(grep Sig[BI] /proc/$$/status) $(ls /proc/$$/fd) "
+        {QStringLiteral("-c"), QStringLiteral("echo $(grep Sig[BI] /proc/$$/status) $(ls /proc/self/fd) "
                                               "${NOTIFY_SOCKET-none}; kill -TERM $$; echo survived")});
     child.waitForFinished(-1);
 }

@@ -16,6 +16,7 @@
 #include <hmi/shared/application/modules/AppManager.h>
 #include <hmi/shared/application/modules/HmiSharedGlobal.h>
 #include <hmi/shared/application/modules/ModuleManager.h>
+#include <hmi/shared/services/SystemUpdateManager.h>
 #include <hmi/shared/settings/DataManagerWrapper.h>
 #include <hmi/shared/vehicle/VolumePolicyBase.h>
 
@@ -159,8 +160,20 @@ void HeadUnit::onFirstFrame()
     handleApplicationStartupComplete(true);
 }
 
+/** What the service offered before this process or a connection to it was there. */
+static void lookForUpdates()
+{
+    SystemUpdateManager* const updates = SystemUpdateManager::instance();
+    if (updates->getServiceAvailable() &&
+        updates->getState() == SystemUpdateManager::UpdateStateNoneAvailable)
+        updates->checkForUpdates();
+}
+
 void HeadUnit::postInit()
 {
+    connect(SystemUpdateManager::instance(), &SystemUpdateManager::serviceAvailableChanged, this,
+            &lookForUpdates);
+    lookForUpdates();
     const QString screenshots = qEnvironmentVariable("HEADUNIT_SCREENSHOTS");
     if (!screenshots.isEmpty())
         mTour = std::make_unique<ScreenshotTour>(screenshots, *mWindow, *mVehicle.getPolicy());

@@ -3,6 +3,7 @@
 #include <QObject>
 #include <QString>
 #include <QTimer>
+#include <chrono>
 
 namespace QT {
 
@@ -19,14 +20,16 @@ namespace QT {
  * watchdog of a child is off as WATCHDOG_PID is not its own. Children that may speak to systemd themselves
  * are started with childEnvironment(), and need to be where NotifyAccess is "exec" or "all".
  *
- * The first message that cannot be sent is logged as a warning; a message waits for the socket.
+ * libsystemd is loaded where the environment names NOTIFY_SOCKET or WATCHDOG_USEC when the notifier is made;
+ * if it is not there, that is one warning, and nothing is told. The first message that cannot be sent is
+ * logged as a warning; a message waits for the socket.
  */
 class Q_DECL_EXPORT ServiceNotifier : public QObject
 {
     Q_OBJECT
 
 public:
-    explicit ServiceNotifier(QObject* aParent = nullptr);
+    explicit ServiceNotifier(QObject* aParent = nullptr, const QString& aLibrary = QStringLiteral("systemd"));
 
     /** The start-up is over. */
     void ready();
@@ -36,8 +39,10 @@ public:
     void status(const QString& aText);
 
 private:
+    void startWatchdog(std::chrono::milliseconds aPeriod);
     void send(const QByteArray& aMessage);
 
+    int (*mNotify)(int aUnsetEnvironment, const char* aState) = nullptr; ///< sd_notify(3), where it is of use
     QTimer mWatchdog;
     bool mFailed = false;
 };

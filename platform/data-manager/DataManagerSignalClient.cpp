@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QDBusError>
+#include <utility>
 
 #include <platform/data-manager/ChangeAnnouncer.h>
 #include <platform/data-manager/ChangeBus.h>
@@ -13,6 +14,9 @@ using DataManager::LocalChanges;
 
 /** Characters of an id in a match rule, which may have 1024 bytes in all. */
 static constexpr int MatchableLength = 200;
+
+/** How long the bus may take to answer, in milliseconds. */
+static constexpr int ConfirmationTimeout = 5000;
 
 /** Match rules are text in which these end the id. */
 static bool isMatchable(const QString& aId)
@@ -27,8 +31,16 @@ static QString nextConnectionName()
     return QStringLiteral("hmi-data-manager-client-%1").arg(++sNumber);
 }
 
+DataManagerSignalClient::DataManagerSignalClient(QObject* aParent) :
+    DataManagerSignalClient(Bus::Connector(&QDBusConnection::systemBus), aParent)
+{}
+
 DataManagerSignalClient::DataManagerSignalClient(const QDBusConnection& aConnection, QObject* aParent) :
-    QObject(aParent), mOwnConnectionName(nextConnectionName()), mConnection(aConnection)
+    DataManagerSignalClient(Bus::connectorOf(aConnection), aParent)
+{}
+
+DataManagerSignalClient::DataManagerSignalClient(const Bus::Connector& aConnector, QObject* aParent) :
+    QObject(aParent), mOwnConnectionName(nextConnectionName()), mConnection(QString())
 {
     LocalChanges* const changes = &LocalChanges::instance();
     connect(changes, &LocalChanges::settingChanged, this,
@@ -36,14 +48,12 @@ DataManagerSignalClient::DataManagerSignalClient(const QDBusConnection& aConnect
     connect(changes, &LocalChanges::profileChanged, this, &DataManagerSignalClient::tellProfile);
     connect(changes, &LocalChanges::requested, this, &DataManagerSignalClient::subscribeSetting);
     connect(changes, &LocalChanges::released, this, &DataManagerSignalClient::unsubscribeSetting);
-    DataManager::UserProfile::getActiveUserProfile(mActiveProfile);
     mReconnect.setInterval(ChangeBus::ReconnectInterval);
+    mReconnect.setSingleShot(true);
     connect(&mReconnect, &QTimer::timeout, this, &DataManagerSignalClient::reconnect);
-    // The connection of the process stays lost once it is.
-    if (mConnection.isConnected() || connectAnew())
-        subscribe();
-    else
-        onBusLost();
+    mWork.add([=] { open(aConnector); });
+    subscribe();
+    DataManager::UserProfile::getActiveUserProfile(mActiveProfile);
 }
 
 /** A connection that closes while its signals still come in leaves some behind that point to it. */
@@ -52,18 +62,29 @@ DataManagerSignalClient::~DataManagerSignalClient()
     const QStringList ids = LocalChanges::instance().getRequested();
     for (const QString& id : ids)
         unsubscribeSetting(id);
-    changeMatches(&QDBusConnection::disconnect);
+    mWork.add([this] { changeMatches(&QDBusConnection::disconnect); });
+    mWork.finish();
     QCoreApplication::removePostedEvents(this, QEvent::MetaCall);
     QDBusConnection::disconnectFromBus(mOwnConnectionName);
 }
 
+/** The connection of the process stays lost once it is. */
+void DataManagerSignalClient::open(const Bus::Connector& aConnector)
+{
+    mConnection = aConnector();
+    if (mConnection.isConnected() || connectAnew())
+        changeMatches(&QDBusConnection::connect);
+    else
+        tellLost();
+}
+
 void DataManagerSignalClient::subscribe()
 {
-    changeMatches(&QDBusConnection::connect);
     mUnmatchable = 0;
     const QStringList ids = LocalChanges::instance().getRequested();
     for (const QString& id : ids)
         subscribeSetting(id);
+    confirmSoon();
 }
 
 /** Those that do not depend on what is requested. */
@@ -79,13 +100,50 @@ void DataManagerSignalClient::changeMatches(ChangeMatch aChange)
 void DataManagerSignalClient::subscribeSetting(const QString& aId)
 {
     if (isMatchable(aId) || mUnmatchable++ == 0)
-        connectSetting(aId, true);
+        mWork.add([=] { connectSetting(aId, true); });
+    confirmSoon();
 }
 
 void DataManagerSignalClient::unsubscribeSetting(const QString& aId)
 {
     if (isMatchable(aId) || --mUnmatchable == 0)
-        connectSetting(aId, false);
+        mWork.add([=] { connectSetting(aId, false); });
+}
+
+/** Once for all that is requested in this turn of the event loop. */
+void DataManagerSignalClient::confirmSoon()
+{
+    if (std::exchange(mToBeConfirmed, true))
+        return;
+    if (mConfirmations++ == 0)
+        mTakeovers = LocalChanges::instance().getTakeovers();
+    QMetaObject::invokeMethod(this, &DataManagerSignalClient::confirm, Qt::QueuedConnection);
+}
+
+/** The bus answers what it is asked in order. */
+void DataManagerSignalClient::confirm()
+{
+    mToBeConfirmed = false;
+    mWork.add([this] {
+        const QString bus = QStringLiteral("org.freedesktop.DBus");
+        mConnection.call(QDBusMessage::createMethodCall(bus, QStringLiteral("/org/freedesktop/DBus"), bus,
+                                                        QStringLiteral("GetId")),
+                         QDBus::Block, ConfirmationTimeout);
+        QMetaObject::invokeMethod(this, &DataManagerSignalClient::onConfirmed, Qt::QueuedConnection);
+    });
+}
+
+/** To ask for the profile takes over what others wrote. */
+void DataManagerSignalClient::onConfirmed()
+{
+    --mConfirmations;
+    QString active;
+    if (DataManager::UserProfile::getActiveUserProfile(active) == DataManager::Ok && active != mActiveProfile)
+        tellProfile(active);
+    const int takeovers = LocalChanges::instance().getTakeovers();
+    const bool othersWrote = std::exchange(mTakeovers, takeovers) != takeovers;
+    if (std::exchange(mTellAll, false) || othersWrote)
+        tellSettings();
 }
 
 /** The first id that a match rule cannot hold lets all through, and the last one shuts them out again. */
@@ -107,11 +165,22 @@ void DataManagerSignalClient::connectSetting(const QString& aId, bool aSubscribe
 
 void DataManagerSignalClient::onBusLost()
 {
+    mWork.add([this] { tellLost(); });
+}
+
+void DataManagerSignalClient::tellLost()
+{
     const QString error = mConnection.lastError().message();
+    QMetaObject::invokeMethod(
+        this, [=] { onLost(error); }, Qt::QueuedConnection);
+}
+
+void DataManagerSignalClient::onLost(const QString& aError)
+{
     qWarning("The data manager does not reach the system bus (%s): what other processes change is seen only "
              "when it "
              "is read. The bus is looked for every second.",
-             error.isEmpty() ? "it went away" : qUtf8Printable(error));
+             aError.isEmpty() ? "it went away" : qUtf8Printable(aError));
     mReconnect.start();
 }
 
@@ -122,21 +191,28 @@ bool DataManagerSignalClient::connectAnew()
     return mConnection.isConnected();
 }
 
+/** The loss was the last that came over the old connection, so nothing points to that any more. */
 void DataManagerSignalClient::reconnect()
 {
-    if (!connectAnew())
-        return;
-    qInfo("The data manager reaches the system bus again.");
-    mReconnect.stop();
-    subscribe();
-    tellWhatMayHaveChanged();
+    mWork.add([this] {
+        const bool isConnected = connectAnew();
+        if (isConnected)
+            changeMatches(&QDBusConnection::connect);
+        const auto goOn = [=] { isConnected ? onReconnected() : mReconnect.start(); };
+        QMetaObject::invokeMethod(this, goOn, Qt::QueuedConnection);
+    });
 }
 
-void DataManagerSignalClient::tellWhatMayHaveChanged()
+/** What changed while there was no bus is told as what changed before the bus knew what is requested. */
+void DataManagerSignalClient::onReconnected()
 {
-    QString active;
-    if (DataManager::UserProfile::getActiveUserProfile(active) == DataManager::Ok && active != mActiveProfile)
-        tellProfile(active);
+    qInfo("The data manager reaches the system bus again.");
+    mTellAll = true;
+    subscribe();
+}
+
+void DataManagerSignalClient::tellSettings()
+{
     const QStringList ids = LocalChanges::instance().getRequested();
     for (const QString& id : ids)
         for (const int type : {ChangeBus::UserSetting, ChangeBus::ProtectedSetting, ChangeBus::GlobalSetting})

@@ -30,6 +30,10 @@ public:
     void notifySetting(int aType, const QString& aId);
     void notifyProfile(const QString& aName) { emit profileChanged(aName); }
 
+    /** How often operations found and took over what other processes wrote. */
+    int getTakeovers() const { return mTakeovers; }
+    void noteTakeover() { ++mTakeovers; }
+
 signals:
     void requested(const QString& aId);
     void released(const QString& aId);
@@ -38,6 +42,7 @@ signals:
 
 private:
     QHash<QString, QSet<QString>> mOwners;
+    int mTakeovers = 0;
 };
 
 } // namespace DataManager

@@ -119,8 +119,10 @@ int SettingStore::reloadIfChanged(bool& aReloaded)
         return SQLITE_OK;
     StoreContent content;
     const int code = mFile.load(content);
-    if (code == SQLITE_OK)
+    if (code == SQLITE_OK) {
         takeContent(std::move(content));
+        LocalChanges::instance().noteTakeover();
+    }
     return code;
 }
 

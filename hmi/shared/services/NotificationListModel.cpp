@@ -15,29 +15,49 @@ using NotificationMgr::NotificationList;
 using Client = NotificationMgr::NotificationManagerClient;
 
 NotificationListModel::NotificationListModel(QObject* aParent) :
-    NotificationListModel(QDBusConnection::systemBus(), aParent)
+    NotificationListModel(&QDBusConnection::systemBus, aParent)
 {}
 
 NotificationListModel::NotificationListModel(const QDBusConnection& aConnection, QObject* aParent) :
-    ObjectListModelT(aParent),
-    mClient(aConnection),
-    mOwner(mClient.service(), aConnection, QDBusServiceWatcher::WatchForOwnerChange),
-    mServiceAvailable(aConnection.isConnected())
+    NotificationListModel(Bus::connectorOf(aConnection), aParent)
+{}
+
+NotificationListModel::NotificationListModel(Bus::Connector aConnector, QObject* aParent) :
+    ObjectListModelT(aParent), mClient(std::move(aConnector))
 {
-    connect(&mOwner, &QDBusServiceWatcher::serviceOwnerChanged, this, &NotificationListModel::onOwnerChanged);
-    connect(&mClient, &Client::NotificationAdded, this, &NotificationListModel::onAdded);
-    connect(&mClient, &Client::NotificationDismissed, this, &NotificationListModel::onDismissed);
-    connect(&mClient, &Client::NotificationLocationUpdated, this, &NotificationListModel::onLocationUpdated);
-    connect(&mClient, &Client::NotificationShowRequested, this, &NotificationListModel::showRequested);
-    ask();
+    mClient.perform([this](Client& aClient) {
+        follow(aClient);
+        const auto begin = [this, &aClient] {
+            mFollowed = &aClient;
+            ask();
+        };
+        QMetaObject::invokeMethod(this, begin, Qt::QueuedConnection);
+    });
 }
 
-void NotificationListModel::dismiss(int aNotificationId) { mClient.DismissNotification(aNotificationId); }
+void NotificationListModel::follow(Client& aClient)
+{
+    mOwner = std::make_unique<QDBusServiceWatcher>(aClient.service(), aClient.connection(),
+                                                   QDBusServiceWatcher::WatchForOwnerChange);
+    mOwner->moveToThread(thread());
+    connect(mOwner.get(), &QDBusServiceWatcher::serviceOwnerChanged, this,
+            &NotificationListModel::onOwnerChanged);
+    connect(&aClient, &Client::NotificationAdded, this, &NotificationListModel::onAdded);
+    connect(&aClient, &Client::NotificationDismissed, this, &NotificationListModel::onDismissed);
+    connect(&aClient, &Client::NotificationLocationUpdated, this, &NotificationListModel::onLocationUpdated);
+    connect(&aClient, &Client::NotificationShowRequested, this, &NotificationListModel::showRequested);
+}
+
+void NotificationListModel::dismiss(int aNotificationId)
+{
+    mClient.perform([=](Client& aClient) { aClient.DismissNotification(aNotificationId); });
+}
 
 void NotificationListModel::ask()
 {
     delete mAsked;
-    mAsked = new QDBusPendingCallWatcher(mClient.GetCurrentNotifications(), this);
+    mListed = false;
+    mAsked = new QDBusPendingCallWatcher(mFollowed->GetCurrentNotifications(), this);
     connect(mAsked, &QDBusPendingCallWatcher::finished, this, &NotificationListModel::onListed);
 }
 
@@ -51,7 +71,7 @@ void NotificationListModel::onOwnerChanged(const QString&, const QString&, const
 {
     clear();
     setServiceAvailable(!aNewOwner.isEmpty());
-    if (!aNewOwner.isEmpty())
+    if (mFollowed && !aNewOwner.isEmpty())
         ask();
 }
 
@@ -60,6 +80,7 @@ void NotificationListModel::onListed(QDBusPendingCallWatcher* aWatcher)
     const QDBusPendingReply<NotificationList> reply = *aWatcher;
     aWatcher->deleteLater();
     mAsked = nullptr;
+    mListed = true;
     setServiceAvailable(!reply.isError());
     // A service that is not there is asked when it comes.
     if (reply.isError() && reply.error().type() != QDBusError::ServiceUnknown)
@@ -79,7 +100,7 @@ void NotificationListModel::onListed(QDBusPendingCallWatcher* aWatcher)
 
 void NotificationListModel::askPriority(int aId)
 {
-    auto* const watcher = new QDBusPendingCallWatcher(mClient.GetCurrentNotifications(), this);
+    auto* const watcher = new QDBusPendingCallWatcher(mFollowed->GetCurrentNotifications(), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [=] {
         watcher->deleteLater();
         const QDBusPendingReply<NotificationList> reply = *watcher;
@@ -120,7 +141,7 @@ NotificationModel* NotificationListModel::add(int aId, int aPriority, const QStr
 void NotificationListModel::onAdded(int aId, const QString& aType, const QString& aTypeId, bool aHasLocation,
                                     double aLatitude, double aLongitude)
 {
-    if (mAsked)
+    if (!mListed)
         return;
     setServiceAvailable(true);
     NotificationModel* const notification = add(aId, 0, aType, aTypeId);

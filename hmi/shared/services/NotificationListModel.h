@@ -2,9 +2,11 @@
 
 #include <QDBusConnection>
 #include <QDBusServiceWatcher>
+#include <memory>
 
 #include <hmi/core/models/ObjectListModelT.h>
 #include <hmi/shared/services/NotificationModel.h>
+#include <platform/bus/ServiceClient.h>
 #include <platform/notification-manager/NotificationManagerClient.h>
 
 class QDBusPendingCallWatcher;
@@ -29,7 +31,7 @@ class Q_DECL_EXPORT NotificationListModel
     : public Core::ObjectListModelT<NotificationFramework::NotificationModel*>
 {
     Q_OBJECT
-    /** Whether the service answers; true until that is known, where there is a bus. */
+    /** Whether the service answers; true until that is known. */
     Q_PROPERTY(bool serviceAvailable READ getServiceAvailable NOTIFY serviceAvailableChanged)
 
 public:
@@ -47,6 +49,9 @@ signals:
     void showRequested(int notificationId);
 
 private:
+    NotificationListModel(Bus::Connector aConnector, QObject* aParent);
+
+    void follow(NotificationMgr::NotificationManagerClient& aClient);
     void ask();
     void askPriority(int aId);
     void setPriority(int aId, int aPriority);
@@ -61,10 +66,12 @@ private:
     NotificationFramework::NotificationModel* add(int aId, int aPriority, const QString& aType,
                                                   const QString& aTypeId);
 
-    NotificationMgr::NotificationManagerClient mClient;
-    QDBusServiceWatcher mOwner;
-    bool mServiceAvailable;
-    QDBusPendingCallWatcher* mAsked = nullptr; ///< what came before the answer is part of it
+    NotificationMgr::NotificationManagerClient* mFollowed = nullptr; ///< as soon as its signals are connected
+    QDBusPendingCallWatcher* mAsked = nullptr;
+    bool mListed = false; ///< what came before the answer is part of it
+    bool mServiceAvailable = true;
+    std::unique_ptr<QDBusServiceWatcher> mOwner;
+    Bus::ServiceClient<NotificationMgr::NotificationManagerClient> mClient;
 };
 
 } // namespace Hmi::Shared

@@ -1,6 +1,7 @@
 #include <hmi/shared/services/NotificationManagerWrapper.h>
 
 #include <QDBusPendingReply>
+#include <utility>
 
 namespace Hmi::Shared {
 
@@ -8,22 +9,28 @@ using NotificationMgr::NotificationList;
 using NotificationMgr::NotificationManagerClient;
 
 NotificationManagerWrapper::NotificationManagerWrapper(QObject* aParent) :
-    NotificationManagerWrapper(QDBusConnection::systemBus(), aParent)
+    NotificationManagerWrapper(&QDBusConnection::systemBus, aParent)
 {}
 
 NotificationManagerWrapper::NotificationManagerWrapper(const QDBusConnection& aConnection, QObject* aParent) :
-    QObject(aParent), mClient(aConnection)
+    NotificationManagerWrapper(Bus::connectorOf(aConnection), aParent)
+{}
+
+NotificationManagerWrapper::NotificationManagerWrapper(Bus::Connector aConnector, QObject* aParent) :
+    QObject(aParent), mClient(std::move(aConnector))
 {
-    // clang-format off
-    connect(&mClient, SIGNAL(NotificationAdded( const int&, const QString&, const QString&, const bool, const double, const double )),
-            this, SIGNAL(NotificationAdded( const int&, const QString&, const QString&, const bool, const double, const double )));
-    connect(&mClient, SIGNAL(NotificationDismissed( const int& )),
-            this, SIGNAL(NotificationDismissed( const int& )));
-    connect(&mClient, SIGNAL(NotificationShowRequested( const int& )),
-            this, SIGNAL(NotificationShowRequested( const int& )));
-    connect(&mClient, SIGNAL(NotificationLocationUpdated( const int&, const bool, const double, const double )),
-            this, SIGNAL(NotificationLocationUpdated( const int&, const bool, const double, const double )));
-    // clang-format on
+    mClient.perform([this](NotificationManagerClient& aClient) {
+        // clang-format off
+        connect(&aClient, SIGNAL(NotificationAdded( const int&, const QString&, const QString&, const bool, const double, const double )),
+                this, SIGNAL(NotificationAdded( const int&, const QString&, const QString&, const bool, const double, const double )));
+        connect(&aClient, SIGNAL(NotificationDismissed( const int& )),
+                this, SIGNAL(NotificationDismissed( const int& )));
+        connect(&aClient, SIGNAL(NotificationShowRequested( const int& )),
+                this, SIGNAL(NotificationShowRequested( const int& )));
+        connect(&aClient, SIGNAL(NotificationLocationUpdated( const int&, const bool, const double, const double )),
+                this, SIGNAL(NotificationLocationUpdated( const int&, const bool, const double, const double )));
+        // clang-format on
+    });
 }
 
 /** The default value of the type when the call fails or the answer is of another type. */
@@ -38,41 +45,41 @@ int NotificationManagerWrapper::AddNotification(const QString& a_notificationTyp
                                                 const QString& a_typeSpecificId, bool a_hasLocation,
                                                 double a_latitude, double a_longitude)
 {
-    return await(mClient.AddNotification(a_notificationType, a_typeSpecificId, a_hasLocation, a_latitude,
-                                         a_longitude));
+    return await(mClient.wait().AddNotification(a_notificationType, a_typeSpecificId, a_hasLocation,
+                                                a_latitude, a_longitude));
 }
 
 bool NotificationManagerWrapper::DismissNotification(int a_notificationId)
 {
-    return await(mClient.DismissNotification(a_notificationId));
+    return await(mClient.wait().DismissNotification(a_notificationId));
 }
 
 NotificationList NotificationManagerWrapper::GetCurrentNotifications()
 {
-    return await(mClient.GetCurrentNotifications());
+    return await(mClient.wait().GetCurrentNotifications());
 }
 
 bool NotificationManagerWrapper::GetIsNotificationEnabledFromType(const QString& a_notificationType)
 {
-    return await(mClient.GetIsNotificationEnabledFromType(a_notificationType));
+    return await(mClient.wait().GetIsNotificationEnabledFromType(a_notificationType));
 }
 
 bool NotificationManagerWrapper::ShowNotification(int a_notificationId)
 {
-    return await(mClient.ShowNotification(a_notificationId));
+    return await(mClient.wait().ShowNotification(a_notificationId));
 }
 
 bool NotificationManagerWrapper::UpdateNotificationEnabled(const QString& a_notificationType,
                                                            bool a_isEnabled)
 {
-    return await(mClient.UpdateNotificationEnabled(a_notificationType, a_isEnabled));
+    return await(mClient.wait().UpdateNotificationEnabled(a_notificationType, a_isEnabled));
 }
 
 bool NotificationManagerWrapper::UpdateNotificationLocation(int a_notificationId, bool a_hasLocation,
                                                             double a_latitude, double a_longitude)
 {
     return await(
-        mClient.UpdateNotificationLocation(a_notificationId, a_hasLocation, a_latitude, a_longitude));
+        mClient.wait().UpdateNotificationLocation(a_notificationId, a_hasLocation, a_latitude, a_longitude));
 }
 
 } // namespace Hmi::Shared

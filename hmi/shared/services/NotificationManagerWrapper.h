@@ -4,6 +4,7 @@
 #include <QObject>
 #include <QString>
 
+#include <platform/bus/ServiceClient.h>
 #include <platform/notification-manager/NotificationManagerClient.h>
 
 namespace Hmi::Shared {
@@ -11,7 +12,8 @@ namespace Hmi::Shared {
 /**
  * The notification service for the HMI. The methods wait for the service's answer, at most two seconds; when
  * it fails, they return 0, false or an empty list, and say nothing of it. The signals are the service's own:
- * what anybody else sends under their names is ignored. The service may come and go.
+ * what anybody else sends under their names is ignored. The service may come and go. Making one waits for
+ * nothing; the service's signals come from when the bus knows of it, at the latest with a method's return.
  *
  * In QML it is "NotificationManagerWrapper" (see NotificationManagerWrapperQml for what that sees of the
  * list); screens that show the notifications take NotificationListModel. GUI thread only.
@@ -46,7 +48,9 @@ signals:
                                      const double a_latitude, const double a_longitude);
 
 private:
-    NotificationMgr::NotificationManagerClient mClient;
+    NotificationManagerWrapper(Bus::Connector aConnector, QObject* aParent);
+
+    Bus::ServiceClient<NotificationMgr::NotificationManagerClient> mClient;
 };
 
 } // namespace Hmi::Shared

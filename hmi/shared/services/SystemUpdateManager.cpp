@@ -15,16 +15,10 @@ using UpdateManager::UpdateManagerClient;
 
 static constexpr int UpdateInfoTimeout = 5000; ///< milliseconds
 
-SystemUpdateManager::SystemUpdateManager(QQmlEngine*, QJSEngine*) :
-    mOwner(QLatin1String(UpdateManagerClient::staticInterfaceName()), QDBusConnection::systemBus(),
-           QDBusServiceWatcher::WatchForOwnerChange),
-    mClient(QDBusConnection::systemBus()),
-    mServiceAvailable(mClient.isValid()),
-    mNotifications(QDBusConnection::systemBus())
+SystemUpdateManager::SystemUpdateManager(QQmlEngine*, QJSEngine*)
 {
-    connect(&mOwner, &QDBusServiceWatcher::serviceOwnerChanged, this,
-            &SystemUpdateManager::onServiceOwnerChanged);
     qCInfo(hmiShared, "SystemUpdateManager::SystemUpdateManager( ... )");
+    mClient.perform([this](UpdateManagerClient& aClient) { watchOwner(aClient); });
 }
 
 void SystemUpdateManager::init()
@@ -32,23 +26,38 @@ void SystemUpdateManager::init()
     if (std::exchange(mInitialized, true))
         return;
     qCInfo(hmiShared, "SystemUpdateManager::init()");
-    using Client = UpdateManagerClient;
-    using This = SystemUpdateManager;
-    connect(&mClient, &Client::DownloadComplete, this, &This::onOumDownloadComplete);
-    connect(&mClient, &Client::DownloadProgress, this, &This::onOumDownloadProgress);
-    connect(&mClient, &Client::InstallFinished, this, &This::onOumInstallFinished);
-    connect(&mClient, &Client::DownloadableUpdatesChanged, this, &This::onOumDownloadableUpdatesChanged);
-    connect(&mClient, &Client::AvailableUpdatesChanged, this, &This::onOumAvailableUpdatesChanged);
-    connect(&mClient, &Client::InstallProgress, this, &This::onOumInstallProgress);
-    connect(&mClient, &Client::InstallStateChanged, this, &This::onOumInstallStateChanged);
-    connect(&mClient, &Client::AutoInstallPending, this, &This::onOumAutoInstallPending);
-    connect(&mClient, &Client::AutoRebootPending, this, &This::onOumAutoRebootPending);
+    mClient.perform([this](UpdateManagerClient& aClient) {
+        using Client = UpdateManagerClient;
+        using This = SystemUpdateManager;
+        connect(&aClient, &Client::DownloadComplete, this, &This::onOumDownloadComplete);
+        connect(&aClient, &Client::DownloadProgress, this, &This::onOumDownloadProgress);
+        connect(&aClient, &Client::InstallFinished, this, &This::onOumInstallFinished);
+        connect(&aClient, &Client::DownloadableUpdatesChanged, this, &This::onOumDownloadableUpdatesChanged);
+        connect(&aClient, &Client::AvailableUpdatesChanged, this, &This::onOumAvailableUpdatesChanged);
+        connect(&aClient, &Client::InstallProgress, this, &This::onOumInstallProgress);
+        connect(&aClient, &Client::InstallStateChanged, this, &This::onOumInstallStateChanged);
+        connect(&aClient, &Client::AutoInstallPending, this, &This::onOumAutoInstallPending);
+        connect(&aClient, &Client::AutoRebootPending, this, &This::onOumAutoRebootPending);
+    });
 }
 
-void SystemUpdateManager::onServiceOwnerChanged(const QString&, const QString&, const QString& aNewOwner)
+void SystemUpdateManager::watchOwner(UpdateManagerClient& aClient)
 {
-    const bool isAvailable = !aNewOwner.isEmpty();
-    if (std::exchange(mServiceAvailable, isAvailable) != isAvailable)
+    mOwner = std::make_unique<QDBusServiceWatcher>(aClient.service(), aClient.connection(),
+                                                   QDBusServiceWatcher::WatchForOwnerChange);
+    mOwner->moveToThread(thread());
+    connect(mOwner.get(), &QDBusServiceWatcher::serviceOwnerChanged, this,
+            [this](const QString&, const QString&, const QString& aNewOwner) {
+                setServiceAvailable(!aNewOwner.isEmpty());
+            });
+    // On the client's thread: an owner that came before it was watched here is known there by then.
+    QMetaObject::invokeMethod(
+        this, [this, &aClient] { setServiceAvailable(aClient.isValid()); }, Qt::QueuedConnection);
+}
+
+void SystemUpdateManager::setServiceAvailable(bool aServiceAvailable)
+{
+    if (std::exchange(mServiceAvailable, aServiceAvailable) != aServiceAvailable)
         emit serviceAvailableChanged();
 }
 
@@ -76,7 +85,10 @@ void SystemUpdateManager::setInstallPercent(int aPercent)
     emit installPercentChanged();
 }
 
-void SystemUpdateManager::checkForUpdates() { mClient.CheckForUpdates(); }
+void SystemUpdateManager::checkForUpdates()
+{
+    mClient.perform([](UpdateManagerClient& aClient) { aClient.CheckForUpdates(); });
+}
 
 void SystemUpdateManager::startDownload()
 {
@@ -86,7 +98,7 @@ void SystemUpdateManager::startDownload()
     qCInfo(hmiShared, "SystemUpdateManager Starting Download");
     setState(UpdateStateDownloading);
     setPercent(0);
-    mClient.DownloadUpdate(mUpdateUrl);
+    mClient.perform([url = mUpdateUrl](UpdateManagerClient& aClient) { aClient.DownloadUpdate(url); });
 }
 
 void SystemUpdateManager::pauseDownload()
@@ -96,7 +108,7 @@ void SystemUpdateManager::pauseDownload()
         return;
     qCInfo(hmiShared, "SystemUpdateManager Download Paused");
     setState(UpdateStateDownloadPaused);
-    mClient.PauseDownload(mUpdateUrl);
+    mClient.perform([url = mUpdateUrl](UpdateManagerClient& aClient) { aClient.PauseDownload(url); });
 }
 
 void SystemUpdateManager::resumeDownload()
@@ -106,7 +118,7 @@ void SystemUpdateManager::resumeDownload()
         return;
     qCInfo(hmiShared, "SystemUpdateManager Download Resumed");
     setState(UpdateStateDownloading);
-    mClient.ResumeDownload(mUpdateUrl);
+    mClient.perform([url = mUpdateUrl](UpdateManagerClient& aClient) { aClient.ResumeDownload(url); });
 }
 
 void SystemUpdateManager::startInstallation()
@@ -117,7 +129,7 @@ void SystemUpdateManager::startInstallation()
     qCInfo(hmiShared, "SystemUpdateManager Starting Installation");
     setState(UpdateStateInstalling);
     setInstallPercent(0);
-    mClient.InstallUpdate(mUpdatePath);
+    mClient.perform([path = mUpdatePath](UpdateManagerClient& aClient) { aClient.InstallUpdate(path); });
 }
 
 void SystemUpdateManager::retryInstallation()
@@ -234,7 +246,8 @@ void SystemUpdateManager::takeDownloadableUpdates(const QStringList& aUpdateUrls
 bool SystemUpdateManager::awaitUpdateInfo(DownloadableUpdateInfo& aInfo)
 {
     const QPointer<SystemUpdateManager> self(this);
-    const QDBusPendingReply<DownloadableUpdateInfo> reply = mClient.GetDownloadableUpdateInfo(mUpdateUrl);
+    const QDBusPendingReply<DownloadableUpdateInfo> reply =
+        mClient.wait().GetDownloadableUpdateInfo(mUpdateUrl);
     QDBusPendingCallWatcher watcher(reply);
     mWaiting = true;
     EventLoop().exec(UpdateInfoTimeout, &watcher, SIGNAL(finished(QDBusPendingCallWatcher*)));

@@ -1,14 +1,15 @@
 #pragma once
 
-#include <QDBusConnection>
 #include <QDBusServiceWatcher>
 #include <QString>
 #include <QStringList>
 #include <functional>
 #include <list>
+#include <memory>
 
 #include <hmi/core/foundation/SingletonCppQml.h>
 #include <hmi/shared/services/NotificationManagerWrapper.h>
+#include <platform/bus/ServiceClient.h>
 #include <platform/update-manager/UpdateManagerClient.h>
 
 namespace Hmi::Shared {
@@ -22,7 +23,8 @@ namespace Hmi::Shared {
  *         -> UpdateAvailable -> Installing, Verifying, Validating -> UpdateComplete or UpdateError
  *
  * While it waits for what the service knows of a new update, at most five seconds, the event loop runs; the
- * service's signals are taken afterwards, in their order. GUI thread only.
+ * service's signals are taken afterwards, in their order. Otherwise nothing here waits for the bus: the
+ * client is built, and actions are carried out in their order, beside the GUI thread. GUI thread only.
  */
 class Q_DECL_EXPORT SystemUpdateManager : public Core::SingletonCppQml<SystemUpdateManager>
 {
@@ -36,7 +38,7 @@ class Q_DECL_EXPORT SystemUpdateManager : public Core::SingletonCppQml<SystemUpd
     Q_PROPERTY(UpdateState state READ getState NOTIFY stateChanged)
     /** Of the update that can be downloaded, as people read it. */
     Q_PROPERTY(QString version READ getVersion NOTIFY versionChanged)
-    /** Whether the update service is on the bus. The state does not follow that: what was under way when the
+    /** Whether the update service is on the bus; false until that is known. The state does not follow that: what was under way when the
      * service left may go on. */
     Q_PROPERTY(bool serviceAvailable READ getServiceAvailable NOTIFY serviceAvailableChanged)
     friend class Core::SingletonCppQml<SystemUpdateManager>;
@@ -113,7 +115,8 @@ private:
     void takeInstallState(UpdateManager::UpdateInstallState aState);
     void takeInstallResult(bool aSuccess, const QString& aStatus, const QString& aUpdatePath);
     bool awaitUpdateInfo(UpdateManager::DownloadableUpdateInfo& aInfo);
-    void onServiceOwnerChanged(const QString& aName, const QString& aOldOwner, const QString& aNewOwner);
+    void watchOwner(UpdateManager::UpdateManagerClient& aClient);
+    void setServiceAvailable(bool aServiceAvailable);
     void setState(UpdateState aState);
     void setPercent(int aPercent);
     void setInstallPercent(int aPercent);
@@ -125,14 +128,14 @@ private:
     int mNotificationId = -1;
     UpdateState mState = UpdateStateNoneAvailable;
     QString mVersion;
-    QString mUpdateUrl;         ///< of what can be downloaded
-    QString mUpdatePath;        ///< of what is downloaded, or could not be installed
-    QDBusServiceWatcher mOwner; ///< watches before the client asks
-    UpdateManager::UpdateManagerClient mClient;
-    bool mServiceAvailable;
+    QString mUpdateUrl;  ///< of what can be downloaded
+    QString mUpdatePath; ///< of what is downloaded, or could not be installed
+    bool mServiceAvailable = false;
     NotificationManagerWrapper mNotifications;
     bool mWaiting = false;
     std::list<std::function<void()>> mDeferred; ///< signals that came while it waited
+    std::unique_ptr<QDBusServiceWatcher> mOwner;
+    Bus::ServiceClient<UpdateManager::UpdateManagerClient> mClient{&QDBusConnection::systemBus};
 };
 
 } // namespace Hmi::Shared

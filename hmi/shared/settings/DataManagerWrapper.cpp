@@ -1,7 +1,6 @@
 #include <hmi/shared/settings/DataManagerWrapper.h>
 
 #include <QCoreApplication>
-#include <QDBusConnection>
 
 #include <hmi/shared/application/HmiSharedConfigs.h>
 #include <hmi/shared/application/LoggingCategory.h>
@@ -327,7 +326,7 @@ void DataManagerWrapper::startupDataManager()
         return;
     }
     emit readyChanged();
-    mSignalClient = std::make_unique<DataManagerSignalClient>(QDBusConnection::systemBus());
+    mSignalClient = std::make_unique<DataManagerSignalClient>();
     connect(mSignalClient.get(), &DataManagerSignalClient::DataManagerProfileChanged, this,
             &DataManagerWrapper::onProfileChangedSignal);
     connect(mSignalClient.get(), &DataManagerSignalClient::DataManagerSettingChanged, this,

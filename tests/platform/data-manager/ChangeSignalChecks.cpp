@@ -3,9 +3,14 @@
 #include <QCoreApplication>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QLocalServer>
 #include <QSignalSpy>
 #include <gtest/gtest.h>
+#include <platform/bus/BusWork.h>
 #include <platform/data-manager/ChangeBus.h>
+#include <sqlite3.h>
 #include <tests/support/ExpectedMessages.h>
 #include <tests/support/PrivateBus.h>
 
@@ -91,7 +96,12 @@ struct ChangeSignals : testing::Test, StoreFolder
         requested.append(aId);
     }
 
-    static void settle() { ::settle(QDBusConnection(QStringLiteral("client"))); }
+    /** Also what is done beside the main thread, in its order. */
+    static void settle()
+    {
+        Bus::BusWork work;
+        work.add([] { ::settle(QDBusConnection(QStringLiteral("client"))); });
+    }
 
     QStringList requested;
     std::unique_ptr<DataManagerSignalClient> client;
@@ -159,6 +169,18 @@ TEST_F(ChangeSignals, TellOfTheWritesOfOthersWhenTheyAreRequested)
     EXPECT_EQ(settings->count(), 3) << "released";
 }
 
+TEST_F(ChangeSignals, NoticeWhatOthersWroteBeforeTheBusKnewOfTheRequest)
+{
+    request(sVolume);
+    sqlite3* other = nullptr;
+    sqlite3_open(QFile::encodeName(path("hmi_settings.db")).constData(), &other);
+    const char* const write = "UPDATE profile SET active = (name = 'default')";
+    EXPECT_EQ(sqlite3_exec(other, write, nullptr, nullptr, nullptr), SQLITE_OK);
+    sqlite3_close(other);
+    EXPECT_TRUE(HmiTest::waitUntil([&] { return settings->count() == 3 && profiles->count() == 1; }));
+    EXPECT_EQ(profiles->at(0)[0].toString(), QStringLiteral("default"));
+}
+
 TEST_F(ChangeSignals, TellOfTheProfileThatBecameActive)
 {
     namespace UserProfile = DataManager::UserProfile;
@@ -200,6 +222,27 @@ TEST_F(ChangeSignals, OutliveTheBus)
     stranger->announce(ChangeBus::SettingChanged, {3, sVolume});
     EXPECT_TRUE(HmiTest::waitUntil([&] { return settings->count() == 1; }));
     EXPECT_EQ(profiles->count(), 0) << "the profile is the same";
+}
+
+TEST(ChangeSignalsOfASilentBus, KeepNobodyWaiting)
+{
+    StoreFolder store;
+    ASSERT_EQ(store.start(), DataManager::Ok);
+    QLocalServer silent;
+    const QByteArray address = qgetenv("DBUS_SYSTEM_BUS_ADDRESS");
+    const QString socket = QFile::decodeName(address).mid(QStringLiteral("unix:path=").size());
+    QLocalServer::removeServer(socket);
+    ASSERT_TRUE(silent.listen(socket));
+    QElapsedTimer time;
+    time.start();
+    DataManagerSignalClient client;
+    Settings::requestSettingChangedSignal(sVolume, QStringLiteral("check"));
+    const QSignalSpy settings(&client, &DataManagerSignalClient::DataManagerSettingChanged);
+    Settings::setGlobalSetting(sVolume, 5);
+    EXPECT_EQ(settings.count(), 1);
+    Settings::releaseSettingChangedSignal(sVolume, QStringLiteral("check"));
+    EXPECT_LT(time.elapsed(), 10000) << "milliseconds; a call waits for 25 s";
+    silent.close();
 }
 
 #include "ChangeSignalChecks.moc"

@@ -27,11 +27,8 @@ NotificationListModel::NotificationListModel(Bus::Connector aConnector, QObject*
 {
     mClient.perform([this](Client& aClient) {
         follow(aClient);
-        const auto begin = [this, &aClient] {
-            mFollowed = &aClient;
-            ask();
-        };
-        QMetaObject::invokeMethod(this, begin, Qt::QueuedConnection);
+        mFollowed = &aClient;
+        QMetaObject::invokeMethod(this, &NotificationListModel::ask, Qt::QueuedConnection);
     });
 }
 
@@ -57,7 +54,7 @@ void NotificationListModel::ask()
 {
     delete mAsked;
     mListed = false;
-    mAsked = new QDBusPendingCallWatcher(mFollowed->GetCurrentNotifications(), this);
+    mAsked = new QDBusPendingCallWatcher(mFollowed.load()->GetCurrentNotifications(), this);
     connect(mAsked, &QDBusPendingCallWatcher::finished, this, &NotificationListModel::onListed);
 }
 

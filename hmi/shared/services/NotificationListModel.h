@@ -2,6 +2,7 @@
 
 #include <QDBusConnection>
 #include <QDBusServiceWatcher>
+#include <atomic>
 #include <memory>
 
 #include <hmi/core/models/ObjectListModelT.h>
@@ -66,7 +67,8 @@ private:
     NotificationFramework::NotificationModel* add(int aId, int aPriority, const QString& aType,
                                                   const QString& aTypeId);
 
-    NotificationMgr::NotificationManagerClient* mFollowed = nullptr; ///< as soon as its signals are connected
+    /** As soon as its signals are connected. */
+    std::atomic<NotificationMgr::NotificationManagerClient*> mFollowed{nullptr};
     QDBusPendingCallWatcher* mAsked = nullptr;
     bool mListed = false; ///< what came before the answer is part of it
     bool mServiceAvailable = true;

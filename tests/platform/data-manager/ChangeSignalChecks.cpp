@@ -96,11 +96,14 @@ struct ChangeSignals : testing::Test, StoreFolder
         requested.append(aId);
     }
 
-    /** Also what is done beside the main thread, in its order. */
+    /** Also what is done beside the main thread, and what is told when the bus knows of it. */
     static void settle()
     {
+        QCoreApplication::sendPostedEvents();
         Bus::BusWork work;
         work.add([] { ::settle(QDBusConnection(QStringLiteral("client"))); });
+        work.finish();
+        QCoreApplication::sendPostedEvents();
     }
 
     QStringList requested;

@@ -72,10 +72,15 @@ DataManagerSignalClient::~DataManagerSignalClient()
 void DataManagerSignalClient::open(const Bus::Connector& aConnector)
 {
     mConnection = aConnector();
-    if (mConnection.isConnected() || connectAnew())
-        changeMatches(&QDBusConnection::connect);
-    else
+    if (!(mConnection.isConnected() || connectAnew()) || !connectMatches())
         tellLost();
+}
+
+/** False when the bus went away before its loss would be told. */
+bool DataManagerSignalClient::connectMatches()
+{
+    changeMatches(&QDBusConnection::connect);
+    return mConnection.isConnected();
 }
 
 void DataManagerSignalClient::subscribe()
@@ -177,6 +182,8 @@ void DataManagerSignalClient::tellLost()
 
 void DataManagerSignalClient::onLost(const QString& aError)
 {
+    if (std::exchange(mLost, true))
+        return;
     qWarning("The data manager does not reach the system bus (%s): what other processes change is seen only "
              "when it "
              "is read. The bus is looked for every second.",
@@ -195,9 +202,7 @@ bool DataManagerSignalClient::connectAnew()
 void DataManagerSignalClient::reconnect()
 {
     mWork.add([this] {
-        const bool isConnected = connectAnew();
-        if (isConnected)
-            changeMatches(&QDBusConnection::connect);
+        const bool isConnected = connectAnew() && connectMatches();
         const auto goOn = [=] { isConnected ? onReconnected() : mReconnect.start(); };
         QMetaObject::invokeMethod(this, goOn, Qt::QueuedConnection);
     });
@@ -207,6 +212,7 @@ void DataManagerSignalClient::reconnect()
 void DataManagerSignalClient::onReconnected()
 {
     qInfo("The data manager reaches the system bus again.");
+    mLost = false;
     mTellAll = true;
     subscribe();
 }

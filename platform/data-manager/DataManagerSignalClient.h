@@ -66,6 +66,7 @@ private:
     // Carried out as bus work.
     void open(const Bus::Connector& aConnector);
     bool connectAnew();
+    bool connectMatches();
     void changeMatches(ChangeMatch aChange);
     void connectSetting(const QString& aId, bool aSubscribe);
     void tellLost();
@@ -78,6 +79,7 @@ private:
     int mConfirmations = 0;      ///< that the bus was asked for and that have not come
     int mTakeovers = 0;          ///< of others' writes, when the first of these was needed
     bool mTellAll = false;
+    bool mLost = false;
     QDBusConnection mConnection; ///< of the bus work
     Bus::BusWork mWork;
 };

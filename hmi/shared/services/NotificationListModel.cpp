@@ -97,7 +97,7 @@ void NotificationListModel::onListed(QDBusPendingCallWatcher* aWatcher)
 
 void NotificationListModel::askPriority(int aId)
 {
-    auto* const watcher = new QDBusPendingCallWatcher(mFollowed->GetCurrentNotifications(), this);
+    auto* const watcher = new QDBusPendingCallWatcher(mFollowed.load()->GetCurrentNotifications(), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [=] {
         watcher->deleteLater();
         const QDBusPendingReply<NotificationList> reply = *watcher;

@@ -52,8 +52,11 @@ void NotificationListModel::dismiss(int aNotificationId)
 
 void NotificationListModel::ask()
 {
-    delete mAsked;
+    delete std::exchange(mAsked, nullptr);
     mListed = false;
+    // Qt never tells of an answer then.
+    if (!mFollowed.load()->connection().isConnected())
+        return setServiceAvailable(false);
     mAsked = new QDBusPendingCallWatcher(mFollowed.load()->GetCurrentNotifications(), this);
     connect(mAsked, &QDBusPendingCallWatcher::finished, this, &NotificationListModel::onListed);
 }

@@ -45,5 +45,6 @@ TEST(NotificationModel, TellsOfThePartsOfItsPositionThatChanged)
 TEST(NotificationListModel, HasNoServiceWhereThereIsNoBus)
 {
     const Hmi::Shared::NotificationListModel model(QDBusConnection(QStringLiteral("none")));
-    EXPECT_FALSE(model.getServiceAvailable() || model.getCount() > 0);
+    EXPECT_TRUE(HmiTest::waitUntil([&] { return !model.getServiceAvailable(); }));
+    EXPECT_EQ(model.getCount(), 0);
 }

@@ -1,12 +1,16 @@
 #include <platform/data-manager/StoreOpening.h>
 
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QLockFile>
 #include <QStringList>
 #include <QTemporaryDir>
+#include <QThread>
 #include <cstdio>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
 
 #include <platform/data-manager/DataManager.h>
 #include <platform/data-manager/MediumSync.h>
@@ -107,19 +111,51 @@ static bool makeFolder(const QString& aFolder)
     return true;
 }
 
+/**
+ * Held by one process at a time. It is of the folder itself, as a file that a process leaves behind when it
+ * is killed or the power goes may never be taken for stale.
+ */
+class FolderLock
+{
+public:
+    explicit FolderLock(const QString& aFolder) :
+        mFolder(::open(QFile::encodeName(aFolder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
+    {}
+    ~FolderLock()
+    {
+        if (mFolder >= 0)
+            ::close(mFolder);
+    }
+    Q_DISABLE_COPY(FolderLock)
+
+    bool tryLock(int aTimeout)
+    {
+        const QDeadlineTimer deadline(aTimeout);
+        while (::flock(mFolder, LOCK_EX | LOCK_NB) != 0) {
+            if (deadline.hasExpired())
+                return false;
+            QThread::msleep(1);
+        }
+        return true;
+    }
+
+private:
+    const int mFolder;
+};
+
 /** One process at a time looks again and makes what is missing. */
 static OpeningOutcome openExclusively(const StoreConfiguration& aConfiguration, bool aMayWait,
                                       StoreFile& aFile, StoreContent& aContent, QString& aWhy)
 {
     const QString& path = aConfiguration.storePath;
-    if (!makeFolder(QFileInfo(path).path())) {
+    const QString folder = QFileInfo(path).path();
+    if (!makeFolder(folder)) {
         aWhy = QStringLiteral("its folder cannot be made");
         return OpeningOutcome::Unavailable;
     }
-    QLockFile lock(path + QStringLiteral(".lock"));
-    lock.setStaleLockTime(0);
+    FolderLock lock(folder);
     if (!lock.tryLock(aMayWait ? BuildingTimeout : 0)) {
-        aWhy = QStringLiteral("its folder cannot be written");
+        aWhy = QStringLiteral("its folder cannot be locked");
         return OpeningOutcome::Unavailable;
     }
     if (QFileInfo::exists(path)) {

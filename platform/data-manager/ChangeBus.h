@@ -5,12 +5,12 @@
 /** Where changes of the user data are announced: signals on the system bus, of no service in particular. */
 namespace DataManager::ChangeBus {
 
-constexpr QLatin1String Path("/com/korvex/DataManager");
-constexpr QLatin1String Interface("com.korvex.DataManager");
+const QLatin1String Path("/com/korvex/DataManager");
+const QLatin1String Interface("com.korvex.DataManager");
 /** With the setting's type (i), as in SettingType, and its id (s). */
-constexpr QLatin1String SettingChanged("DataManagerSettingChanged");
+const QLatin1String SettingChanged("DataManagerSettingChanged");
 /** With the name of the profile that is active now (s). */
-constexpr QLatin1String ProfileChanged("DataManagerProfileChanged");
+const QLatin1String ProfileChanged("DataManagerProfileChanged");
 
 enum SettingType : int { UserSetting, ProtectedSetting, AllUsersSetting, GlobalSetting };
 

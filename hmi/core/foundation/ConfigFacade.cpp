@@ -18,7 +18,8 @@ bool ConfigFacade::hasValue(const QString& aKey) const { return mConfig.value(aK
 
 bool ConfigFacade::flag(const QString& aKey) const { return mConfig.value(aKey, false).toBool(); }
 
-int ConfigFacade::number(const QString& aKey) const { return mConfig.value(aKey, false).toInt(); }
+/** By way of the text: QVariant cuts off what is too large for an int. */
+int ConfigFacade::number(const QString& aKey) const { return mConfig.text(aKey, false).toInt(); }
 
 QString ConfigFacade::text(const QString& aKey) const { return mConfig.text(aKey, false); }
 

@@ -66,19 +66,32 @@ bool ConfigManager::load(const QString& aFilePath)
     if (settings.status() == QSettings::AccessError)
         return warnNotLoaded(aFilePath, QStringLiteral("reading it is not permitted"));
     settings.setIniCodec("UTF-8");
-    takeValues(settings, info.path() + QLatin1Char('/'));
-    if (settings.status() != QSettings::NoError)
+    const bool isComplete = takeValues(settings, info.path() + QLatin1Char('/'));
+    if (!isComplete || settings.status() != QSettings::NoError)
         qWarning("WARNING: The config file, %s, has lines that are not \"key=value\"; they are ignored.",
                  qPrintable(aFilePath));
     mFilePath = aFilePath;
     return true;
 }
 
-void ConfigManager::takeValues(const QSettings& aSettings, const QString& aBaseDirectory)
+/** QSettings lists the key of "=value" and of "a//b=value", but takes them for others when asked for them. */
+static bool isKey(const QString& aKey)
 {
+    const QLatin1Char slash('/');
+    return !aKey.isEmpty() && !aKey.startsWith(slash) && !aKey.endsWith(slash) &&
+           !aKey.contains(QLatin1String("//"));
+}
+
+bool ConfigManager::takeValues(const QSettings& aSettings, const QString& aBaseDirectory)
+{
+    bool isComplete = true;
     const QStringList keys = aSettings.allKeys();
     mEntries.reserve(mEntries.size() + keys.size());
     for (const QString& key : keys) {
+        if (!isKey(key)) {
+            isComplete = false;
+            continue;
+        }
         Entry& entry = mEntries[key];
         entry.baseDirectory = aBaseDirectory;
         entry.fileValue = aSettings.value(key);
@@ -88,14 +101,15 @@ void ConfigManager::takeValues(const QSettings& aSettings, const QString& aBaseD
         if (expandPlaceholders(expanded))
             entry.fileValue = expanded;
     }
+    return isComplete;
 }
 
 bool ConfigManager::expandPlaceholders(QString& aText) const
 {
     static const QRegularExpression pattern(QStringLiteral("%%([0-9a-zA-Z]{1,100})%%"));
-    bool replaced = false;
-    int offset = 0;
-    auto matches = pattern.globalMatch(QString(aText));
+    QString expanded;
+    int taken = 0; // of the text
+    auto matches = pattern.globalMatch(aText);
     while (matches.hasNext()) {
         const QRegularExpressionMatch match = matches.next();
         const auto replacement = mPlaceholders.constFind(match.captured(1));
@@ -104,11 +118,13 @@ bool ConfigManager::expandPlaceholders(QString& aText) const
                      qPrintable(match.captured(1)));
             continue;
         }
-        aText.replace(match.capturedStart() + offset, match.capturedLength(), *replacement);
-        offset += replacement->size() - match.capturedLength();
-        replaced = true;
+        expanded += aText.midRef(taken, match.capturedStart() - taken) + *replacement;
+        taken = match.capturedEnd();
     }
-    return replaced;
+    if (taken == 0)
+        return false;
+    aText = expanded + aText.midRef(taken);
+    return true;
 }
 
 void ConfigManager::registerDefault(const QString& aKey, const QVariant& aDefault, bool aIsPath)

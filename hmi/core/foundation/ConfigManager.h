@@ -47,7 +47,7 @@ public:
     /**
      * Registers the default of a key; a value already read from the file is kept. A path key's relative file
      * value is taken relative to the file's folder. A file value that does not read as the default's type
-     * (whole number or switch) is reported and still converted by the ordinary QVariant rules, so 0 or true.
+     * (whole number or switch) is reported; the facades read it as 0 or, if it is not empty, as true.
      */
     void registerDefault(const QString& aKey, const QVariant& aDefault, bool aIsPath);
 
@@ -79,7 +79,8 @@ private:
         QVariant fileValue;
     };
 
-    void takeValues(const QSettings& aSettings, const QString& aBaseDirectory);
+    /** False when the file has keys of which no value can be asked for. */
+    bool takeValues(const QSettings& aSettings, const QString& aBaseDirectory);
     bool expandPlaceholders(QString& aText) const;
 
     QHash<QString, Entry> mEntries;

@@ -61,6 +61,12 @@ static bool convertsToInt(const QVariant& aValue)
                                       number <= std::numeric_limits<int>::max()));
 }
 
+/** Half of a character would come back from the store as another one. */
+static bool isStorable(const QString& aText)
+{
+    return aText.size() <= Setting::MaximumLength && aText.isValidUtf16();
+}
+
 Setting::Setting(const QString& aKey, const QString& aName, SettingType aType, const QVariant& aDefault,
                  bool aExportable, SettingCategory aCategory, QObject* aParent) :
     QObject(aParent),
@@ -239,7 +245,7 @@ bool Setting::accepts(const QVariant& aValue) const
         aValue.toDouble(&converts);
         return converts;
     case SettingTypeString:
-        return aValue.canConvert<QString>() && aValue.toString().size() <= MaximumLength;
+        return aValue.canConvert<QString>() && isStorable(aValue.toString());
     case SettingTypeByteArray:
         return aValue.canConvert<QByteArray>();
     case SettingTypeObject:

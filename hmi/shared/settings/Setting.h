@@ -28,7 +28,7 @@ public:
         SettingTypeBool,
         SettingTypeInt,
         SettingTypeDouble,
-        SettingTypeString, ///< at most MaximumLength characters
+        SettingTypeString, ///< of Unicode, at most MaximumLength characters
         SettingTypeObject, ///< never stored; takes no value
         SettingTypeByteArray
     };

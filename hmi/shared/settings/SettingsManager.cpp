@@ -217,13 +217,21 @@ QVariant SettingsManager::getSettingValue(const QString& aName) const
     return setting ? setting->getValue() : QVariant();
 }
 
+/** QVariant's own text of bytes would end at the first NUL. */
+static QJsonValue jsonOf(const QVariant& aValue)
+{
+    const QByteArray bytes = aValue.toByteArray();
+    return aValue.type() == QVariant::ByteArray ? QString::fromUtf8(bytes.constData(), bytes.size())
+                                                : QJsonValue::fromVariant(aValue);
+}
+
 void SettingsManager::toJson(QJsonObject& aObject) const
 {
     const QStringList names = keys();
     for (auto name = names.crbegin(); name != names.crend(); ++name) {
         Setting* setting = findSetting(*name);
         if (setting && setting->getExportable())
-            aObject.insert(*name, QJsonValue::fromVariant(setting->getValue()));
+            aObject.insert(*name, jsonOf(setting->getValue()));
     }
 }
 

@@ -79,7 +79,10 @@ public:
     /** Invalid, after a warning, when there is no such setting. */
     QVariant getSettingValue(const QString& aName) const;
 
-    /** Adds name and value of each exportable setting. */
+    /**
+     * Adds name and value of each exportable setting. JSON has no bytes: a byte array is the text that it is
+     * in UTF-8, and bytes that are none do not come back.
+     */
     void toJson(QJsonObject& aObject) const;
     /**
      * Sets the settings that the object has members for, in one transaction. True when the last of them was

@@ -20,6 +20,23 @@ const QDBusArgument& operator>>(const QDBusArgument& aArgument, NotificationInst
     return aArgument;
 }
 
+/** Qt's own would keep both values of an id. */
+const QDBusArgument& operator>>(const QDBusArgument& aArgument, NotificationList& aList)
+{
+    aList.clear();
+    aArgument.beginMap();
+    while (!aArgument.atEnd()) {
+        uint id = 0;
+        NotificationInstance instance;
+        aArgument.beginMapEntry();
+        aArgument >> id >> instance;
+        aArgument.endMapEntry();
+        aList.insert(id, instance);
+    }
+    aArgument.endMap();
+    return aArgument;
+}
+
 void registerTypes()
 {
     qDBusRegisterMetaType<NotificationInstance>();

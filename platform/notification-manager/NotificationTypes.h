@@ -22,6 +22,9 @@ Q_DECL_EXPORT QDBusArgument& operator<<(QDBusArgument& aArgument, const Notifica
 Q_DECL_EXPORT const QDBusArgument& operator>>(const QDBusArgument& aArgument,
                                               NotificationInstance& aInstance);
 
+/** Of an id that is there twice the last counts. */
+Q_DECL_EXPORT const QDBusArgument& operator>>(const QDBusArgument& aArgument, NotificationList& aList);
+
 /** Registers the meta types; the client does. Later calls do nothing. */
 Q_DECL_EXPORT void registerTypes();
 

@@ -3,6 +3,7 @@
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QMap>
+#include <cmath>
 #include <utility>
 
 #include <hmi/shared/application/LoggingCategory.h>
@@ -13,6 +14,16 @@ using NotificationFramework::NotificationModel;
 using NotificationMgr::NotificationInstance;
 using NotificationMgr::NotificationList;
 using Client = NotificationMgr::NotificationManagerClient;
+
+/** What is no number or beyond the poles is no position. */
+static void locate(NotificationModel& aNotification, bool aHasLocation, double aLatitude, double aLongitude)
+{
+    const bool isPosition = std::abs(aLatitude) <= 90 && std::abs(aLongitude) <= 180;
+    const float unknown = NotificationModel::UnknownPosition;
+    aNotification.setLocation(aHasLocation && isPosition,
+                              isPosition ? static_cast<float>(aLatitude) : unknown,
+                              isPosition ? static_cast<float>(aLongitude) : unknown);
+}
 
 NotificationListModel::NotificationListModel(QObject* aParent) :
     NotificationListModel(&QDBusConnection::systemBus, aParent)
@@ -146,7 +157,7 @@ void NotificationListModel::onAdded(int aId, const QString& aType, const QString
     setServiceAvailable(true);
     NotificationModel* const notification = add(aId, 0, aType, aTypeId);
     if (aHasLocation)
-        notification->setLocation(true, static_cast<float>(aLatitude), static_cast<float>(aLongitude));
+        locate(*notification, true, aLatitude, aLongitude);
     askPriority(aId);
 }
 
@@ -159,8 +170,7 @@ void NotificationListModel::onDismissed(int aId)
 void NotificationListModel::onLocationUpdated(int aId, bool aHasLocation, double aLatitude, double aLongitude)
 {
     if (NotificationModel* const notification = findId(aId))
-        notification->setLocation(aHasLocation, static_cast<float>(aLatitude),
-                                  static_cast<float>(aLongitude));
+        locate(*notification, aHasLocation, aLatitude, aLongitude);
 }
 
 } // namespace Hmi::Shared

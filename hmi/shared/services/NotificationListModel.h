@@ -26,7 +26,7 @@ namespace Hmi::Shared {
  * While the service is away the list is empty; when it returns, it is asked again. The service knows no
  * description, so that is the type-specific identifier. Its list has priorities and no positions, its signals
  * positions and no priorities: those of what it adds are asked for, and 0 until they are known; a position
- * that is not told is UnknownPosition. GUI thread only.
+ * that is not told, or not on the globe, is UnknownPosition. GUI thread only.
  */
 class Q_DECL_EXPORT NotificationListModel
     : public Core::ObjectListModelT<NotificationFramework::NotificationModel*>

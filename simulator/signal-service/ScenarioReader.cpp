@@ -143,7 +143,8 @@ bool ScenarioReader::readSignal(const QJsonObject& aSignal)
     named.signal.type = *type;
     if (!readFlag(aSignal, sWritable, named.signal.writable))
         return false;
-    if (aSignal.contains(sValue) && !readValue(aSignal.value(sValue), named, named.signal.value))
+    const QJsonValue value = aSignal.contains(sValue) ? aSignal.value(sValue) : QJsonValue::Null;
+    if (!readValue(value, named, named.signal.value))
         return false;
     mIndexes.emplace(named.path, mScenario.signalTable.size());
     mScenario.signalTable.push_back(named);
@@ -161,6 +162,11 @@ bool ScenarioReader::readValue(const QJsonValue& aJson, const Scenario::NamedSig
     else
         return fail(sValue,
                     QStringLiteral("a value of type %1, null or {\"bytes\": base64}").arg(nameOf(type)));
+    return checkFits(aSignal, aValue);
+}
+
+bool ScenarioReader::checkFits(const Scenario::NamedSignal& aSignal, const std::optional<DataBuffer>& aValue)
+{
     return !ResponseFrames::value(aSignal.path, aValue).isEmpty() ||
            fail(sValue, QStringLiteral("a value that fits a message of 255 bytes beside its path"));
 }
@@ -234,8 +240,14 @@ bool ScenarioReader::readRamp(const Scenario::Step& aStart, const QJsonObject& a
     const qint64 count = (during + every - 1) / every;
     if (count >= MaximumRamp)
         return fail(sEvery, QStringLiteral("a ramp of at most %1 values").arg(MaximumRamp));
+    if (mScenario.steps.size() + static_cast<std::size_t>(count) >= MaximumSteps)
+        return fail(sEvery, QStringLiteral("a scenario of at most %1 steps").arg(MaximumSteps));
     const double from = aRamp.value(sFrom).toDouble();
     const double to = aRamp.value(sTo).toDouble();
+    if (!std::isfinite(to - from))
+        return fail(sTo, QStringLiteral("a number whose distance to \"from\" is one"));
+    if (!checkFits(mScenario.signalTable[aStart.signal], numberOf(type, from)))
+        return false;
     for (qint64 index = 0; index <= count; ++index) {
         const qint64 offset = std::min(index * every, during);
         const double part = static_cast<double>(offset) / static_cast<double>(during);

@@ -18,7 +18,8 @@ namespace Hmi::Simulator {
 class ScenarioReader
 {
 public:
-    static constexpr int MaximumRamp = 100000; ///< values
+    static constexpr int MaximumRamp = 100000;           ///< values
+    static constexpr std::size_t MaximumSteps = 1000000; ///< with the values of all ramps
 
     /** What is wrong with a command; empty: nothing. */
     using CheckCommand = std::function<QString(const QString& aCommand)>;
@@ -49,6 +50,7 @@ private:
     bool readFlag(const QJsonObject& aObject, const QString& aKey, bool& aFlag);
     bool readValue(const QJsonValue& aJson, const Scenario::NamedSignal& aSignal,
                    std::optional<DataBuffer>& aValue);
+    bool checkFits(const Scenario::NamedSignal& aSignal, const std::optional<DataBuffer>& aValue);
     bool fail(const QString& aKey, const QString& aExpected);
 
     const CheckCommand mCheckCommand;

@@ -1,6 +1,5 @@
-#include "Fuzzing.h"
+#include "Surroundings.h"
 
-#include <QCoreApplication>
 #include <QLoggingCategory>
 #include <algorithm>
 #include <array>
@@ -27,10 +26,7 @@ namespace {
 /** Proxies need one. It never connects, and without an event loop it does not try again. */
 TransportProxy& transportWithoutService()
 {
-    static int argumentCount = 1;
-    static char name[] = "fuzz";
-    static char* arguments[] = {name, nullptr};
-    static QCoreApplication application(argumentCount, arguments);
+    HmiFuzz::application();
     QLoggingCategory::setFilterRules(QStringLiteral("hmi.shared=false"));
     static TransportProxy transport(QStringLiteral("/nonexistent/signal_service"));
     return transport;

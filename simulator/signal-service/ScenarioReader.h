@@ -18,8 +18,8 @@ namespace Hmi::Simulator {
 class ScenarioReader
 {
 public:
-    static constexpr int MaximumRamp = 100000;           ///< values
-    static constexpr std::size_t MaximumSteps = 1000000; ///< with the values of all ramps
+    static constexpr int MaximumRamp = 100000;          ///< values
+    static constexpr std::size_t MaximumSteps = 300000; ///< with the values of all ramps
 
     /** What is wrong with a command; empty: nothing. */
     using CheckCommand = std::function<QString(const QString& aCommand)>;

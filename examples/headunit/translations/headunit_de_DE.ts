@@ -307,6 +307,10 @@
         <source>Locked while driving</source>
         <translation>Während der Fahrt gesperrt</translation>
     </message>
+    <message>
+        <source>Not available</source>
+        <translation>Nicht verfügbar</translation>
+    </message>
 </context>
 <context>
     <name>Rail</name>

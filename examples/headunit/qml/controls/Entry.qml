@@ -11,12 +11,18 @@ TextField {
 
     readonly property bool locked: RestrictedModeManager.restrictedModeOn
 
+    // TextField writes its placeholder there, which a binding would not outlast.
+    function _describe() { Accessible.description = locked ? qsTr("Locked while driving") : placeholderText }
+
+    onLockedChanged: _describe()
+    onPlaceholderTextChanged: Qt.callLater(_describe)
+    Component.onCompleted: Qt.callLater(_describe)
+
     implicitHeight: 44
     selectByMouse: true
     color: Look.text
     selectedTextColor: Look.accentText
     placeholderTextColor: Look.faintText
-    Accessible.description: locked ? qsTr("Locked while driving") : ""
 
     background: Rectangle {
         radius: Look.radius

@@ -15,7 +15,8 @@ Button {
     implicitHeight: 44
     leftPadding: 16
     rightPadding: 16
-    Accessible.description: locked ? qsTr("Locked while driving") : ""
+    // The accessibility tree of Qt 5 has no state of its own for what is off.
+    Accessible.description: locked ? qsTr("Locked while driving") : enabled ? "" : qsTr("Not available")
 
     contentItem: Row {
         spacing: Look.spacing

@@ -1,5 +1,6 @@
 #include <platform/bus/BusWork.h>
 
+#include <QCoreApplication>
 #include <condition_variable>
 #include <deque>
 #include <mutex>
@@ -18,6 +19,8 @@ public:
     /** The piece's number. */
     unsigned long long add(std::function<void()> aPiece);
     void waitFor(unsigned long long aNumber);
+    /** Waits until nothing is left to do. */
+    void finish();
 
 private:
     void run();
@@ -60,6 +63,12 @@ void WorkThread::waitFor(unsigned long long aNumber)
     mCarriedOut.wait(lock, [&] { return mDone >= aNumber; });
 }
 
+void WorkThread::finish()
+{
+    std::unique_lock<std::mutex> lock(mMutex);
+    mCarriedOut.wait(lock, [this] { return mDone >= mAdded; });
+}
+
 void WorkThread::run()
 {
     std::unique_lock<std::mutex> lock(mMutex);
@@ -79,13 +88,27 @@ void WorkThread::run()
     }
 }
 
-static std::shared_ptr<WorkThread> sharedThread()
+static std::weak_ptr<WorkThread>& presentThread()
 {
     static std::weak_ptr<WorkThread> sThread;
-    std::shared_ptr<WorkThread> thread = sThread.lock();
+    return sThread;
+}
+
+/** Qt takes its bus connections away with the process, whoever still works on them. */
+static void finishWithApplication()
+{
+    if (const std::shared_ptr<WorkThread> thread = presentThread().lock())
+        thread->finish();
+}
+
+static std::shared_ptr<WorkThread> sharedThread()
+{
+    static const bool isFinished = (qAddPostRoutine(&finishWithApplication), true);
+    Q_UNUSED(isFinished)
+    std::shared_ptr<WorkThread> thread = presentThread().lock();
     if (!thread) {
         thread = std::make_shared<WorkThread>();
-        sThread = thread;
+        presentThread() = thread;
     }
     return thread;
 }

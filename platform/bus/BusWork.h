@@ -16,7 +16,8 @@ class WorkThread;
  *
  * What a piece uses must be there until it was carried out. The owner of both waits for that before the
  * first of it goes: in its destructor, or by having this as its last member. A bus that does not answer makes
- * that wait as long as a call waits. A piece never waits for the thread that owns this. Main thread only.
+ * that wait as long as a call waits. The end of the application waits for all that was added. A piece never
+ * waits for the thread that owns this. Main thread only.
  */
 class Q_DECL_EXPORT BusWork
 {

@@ -23,7 +23,7 @@ SystemUpdateEnabled=true
 class Desk:
     """A folder with a full store, a bus and the platform's services."""
 
-    def __init__(self, build):
+    def __init__(self, build, scenario=None):
         self.build = build
         self.temporary = tempfile.TemporaryDirectory(dir=build)
         self.folder = self.temporary.name
@@ -35,8 +35,12 @@ class Desk:
         self.bus = subprocess.Popen(["dbus-daemon", "--session", "--nofork", "--print-address=1"],
                                     stdout=subprocess.PIPE, text=True)
         self.environment["DBUS_SYSTEM_BUS_ADDRESS"] = self.bus.stdout.readline().strip()
+        options = []
+        if scenario:
+            self.write("scenario.json", json.dumps(scenario))
+            options = ["--scenario", "scenario.json"]
         self.simulator = subprocess.Popen(
-            [f"{build}/simulator/hmi-platform-simulator", "--signal-service", "signals", "--services", "all"],
+            [f"{build}/simulator/hmi-platform-simulator", "--signal-service", "signals", "--services", "all", *options],
             cwd=self.folder, env=self.environment, stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
         ready = 0
         while ready < 4:

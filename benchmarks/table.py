@@ -8,6 +8,7 @@ import sys
 import tempfile
 import time
 
+from headunit import STEPS_A_SECOND, headunit_times
 from signals import signal_times
 from startup import startup_times
 
@@ -80,6 +81,14 @@ STARTUP_ROWS = [
     ("up", "start-up: from the process to initEnd", "ms", 8),
     ("memory", "start-up: private memory", "kB", 1536),
     ("end", "shutdown: from the request to the end", "ms", 15),
+]
+# The example head unit in its window, beside an empty window: what it adds, or how many times as much it takes.
+HEADUNIT_ADDED = [("first", "first frame", None), ("live", "first frame with live values", 120)]
+HEADUNIT_MEMORY_LIMIT = 1.25
+HEADUNIT_FRAMES = [
+    ("median", "GUI thread for a frame, median", "ms", 2),
+    ("percentile99", "GUI thread for a frame, 99 %", "ms", 8),
+    ("rate", "frames a second", "", None),
 ]
 NOTIFICATION_LIMIT = 1e6  # nanoseconds
 SERVICE_ROUNDS = 3
@@ -238,6 +247,23 @@ def print_startup(build):
         print_single(f"start-up, trace: {name}", duration, "ms", None)
 
 
+def print_headunit(build):
+    starts, frames = headunit_times(build)
+    for platform, measured in starts.items():
+        for key, label, limit in HEADUNIT_ADDED:
+            empty, ours, added = measured[key]
+            print(f"{f'head unit, {platform}: {label}':52} {ours:9.1f} ms {empty:9.1f} ms {added:+7.2f}  "
+                  f"{verdict(added, limit, 'ms')}")
+        empty, ours, _ = measured["memory"]
+        ratio = ours / empty
+        print(f"{f'head unit, {platform}: private memory':52} {ours:9.1f} kB {empty:9.1f} kB {ratio:7.2f}  "
+              f"{verdict(ratio, HEADUNIT_MEMORY_LIMIT)}")
+    for steps_a_state, measured in frames.items():
+        for key, label, unit, limit in HEADUNIT_FRAMES:
+            pace = f"states {STEPS_A_SECOND // steps_a_state} a second"
+            print_single(f"head unit, {pace}: {label}", measured[key], unit, limit)
+
+
 def verdict(value, limit, unit=""):
     if limit is None:
         return "for the record"
@@ -255,6 +281,7 @@ def main():
     print_signals(build)
     print_services(build)
     print_startup(build)
+    print_headunit(build)
 
     empty, core = [], []
     for _ in range(HOST_RUNS):

@@ -1,0 +1,120 @@
+"""Measures the example head unit in its window, beside an empty window: the start, the memory, the frames."""
+import os
+import statistics
+import subprocess
+import time
+
+from startup import Desk
+
+RUNS = 31
+FRAME_RUNS = 3
+FRAME_SECONDS = 10
+STEPS_A_SECOND = 60
+SCENARIO_SECONDS = 60
+CONFIGURATION = """[HmiCore]
+GnuLocalstatedir=state
+LanguagesPath="{product}/translations"
+ThemesPath="{product}/themes"
+[HmiShared]
+DataManagerEnabled=true
+DataManagerConfigPath=DataManagerConf.ini
+SignalServiceEnabled=true
+SignalServicePath=signals
+SystemUpdateEnabled=true
+"""
+# path, type, value in step n; each is another one than before, as the screen shows it
+NUMBERS = [
+    ("Vehicle.Speed", "double", lambda n: abs(n % 200 - 100) * 2.0),
+    ("Vehicle.TraveledDistance", "double", lambda n: 18250.0 + n),
+    ("Vehicle.TripMeterReading", "double", lambda n: 23.0 + n),
+    ("Vehicle.Powertrain.Range", "int", lambda n: 9000000 - 1000 * n),
+    ("Vehicle.Exterior.AirTemperature", "double", lambda n: abs(n % 40 - 20) + 0.5),
+]
+STATES = [
+    ("Vehicle.IsMoving", "bool", lambda n: n % 2 == 1),
+    ("Vehicle.Powertrain.Transmission.SelectedGear", "string", lambda n: "PD"[n % 2]),
+    ("Vehicle.Cabin.Lights.IsNight", "bool", lambda n: n % 2 == 1),
+]
+# XCB: a window of an X server, OpenGL by software, in a thread of its own. Offscreen: no OpenGL, all in one thread.
+PLATFORMS = {
+    "xcb": {"QT_QPA_PLATFORM": "xcb", "QSG_RENDER_LOOP": "threaded", "LIBGL_ALWAYS_SOFTWARE": "1"},
+    "offscreen": {"QT_QPA_PLATFORM": "offscreen", "QT_QUICK_BACKEND": "software"},
+}
+
+
+def scenario(steps_a_state):
+    """Every number moves in each step, and every state once in so many; without such a number nothing moves."""
+    def step(n, path, value):
+        return {"at": n / STEPS_A_SECOND, "path": path, "value": value}
+
+    signals = [{"path": path, "type": kind, "value": value(0)} for path, kind, value in NUMBERS + STATES]
+    if not steps_a_state:
+        return {"signals": signals, "steps": []}
+    steps = [step(n, path, value(n)) for n in range(SCENARIO_SECONDS * STEPS_A_SECOND) for path, _, value in NUMBERS]
+    steps += [step(n, path, value(n // steps_a_state))
+              for n in range(0, SCENARIO_SECONDS * STEPS_A_SECOND, steps_a_state) for path, _, value in STATES]
+    return {"signals": signals, "steps": steps, "loop": SCENARIO_SECONDS}
+
+
+class WindowDesk(Desk):
+    """The same with an X server and a vehicle."""
+
+    def __init__(self, build, steps_a_state=None):
+        super().__init__(build, scenario(steps_a_state))
+        self.write("headunit.ini", CONFIGURATION.format(product=os.path.abspath(f"{build}/examples/headunit")))
+        # The caches of shaders and fonts are those of this desk, and filled by its first runs.
+        self.environment.update(XDG_CACHE_HOME=f"{self.folder}/cache", HOME=self.folder)
+        self.server = subprocess.Popen(["Xvfb", "-displayfd", "1", "-screen", "0", "1024x768x24", "-nolisten", "tcp"],
+                                       stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
+        self.environment["DISPLAY"] = ":" + self.server.stdout.readline().strip()
+
+    def close(self):
+        self.server.terminate()
+        self.server.wait()
+        super().close()
+
+    def run(self, name, platform, seconds=0, **environment):
+        """Milliseconds to main(), the first frame and the first live one; kilobytes; and of the frames."""
+        started = time.monotonic_ns()
+        done = subprocess.run([f"{self.build}/benchmarks/{name}", "headunit.ini", str(seconds)], cwd=self.folder,
+                              env={**self.environment, **PLATFORMS[platform], **environment}, check=True,
+                              stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, timeout=60)
+        first, *frames = [list(map(float, line.split())) for line in done.stdout.splitlines()]
+        *times, memory = first
+        result = dict(zip(("main", "first", "live"), ((time - started) / 1e6 for time in times)), memory=memory)
+        if seconds:
+            (median, most, count, duration), = frames
+            result.update(median=median / 1e6, percentile99=most / 1e6, rate=count / duration)
+        return result
+
+
+def compare(desk, platform):
+    """Medians of the empty window, of ours and of what ours adds."""
+    names = ("hmi_empty_window", "hmi_headunit_window")
+    for name in names:
+        desk.run(name, platform)
+    pairs = [[desk.run(name, platform) for name in names] for _ in range(RUNS)]
+    return {key: (statistics.median(empty[key] for empty, _ in pairs),
+                  statistics.median(ours[key] for _, ours in pairs),
+                  # Of neighbouring runs, which the machine's other work slows alike.
+                  statistics.median(ours[key] - empty[key] for empty, ours in pairs))
+            for key in pairs[0][0]}
+
+
+def headunit_times(build):
+    """By platform what compare() says, and of the frames the medians of a few runs, by the steps of a state."""
+    desk = WindowDesk(build)
+    try:
+        starts = {platform: compare(desk, platform) for platform in PLATFORMS}
+    finally:
+        desk.close()
+    frames = {}
+    for steps_a_state in (STEPS_A_SECOND, 1):
+        desk = WindowDesk(build, steps_a_state)
+        try:
+            runs = [desk.run("hmi_headunit_window", "xcb", FRAME_SECONDS) for _ in range(FRAME_RUNS)]
+        finally:
+            desk.close()
+        frames[steps_a_state] = {key: statistics.median(run[key] for run in runs)
+                                 for key in ("median", "percentile99", "rate")}
+    return starts, frames

@@ -1,8 +1,9 @@
-// A whole process with a window: the example head unit, or without it an empty window. Arguments: the head
-// unit's configuration, and for how many seconds frames are watched. It prints when it came into main(), when
-// the first frame was there, when one with live values of the vehicle was (CLOCK_MONOTONIC, nanoseconds), and
-// its private memory (kB) a while later; then, of the frames, the GUI thread's CPU time for one (nanoseconds;
-// median and 99th percentile), their number, and the seconds they took.
+// A whole process with a window: the example head unit, or without it a window with next to nothing.
+// Arguments: the head unit's configuration, or the window's QML, and for how many seconds frames are watched.
+// It prints when it came into main(), when the first frame was there, when one with live values of the
+// vehicle was (CLOCK_MONOTONIC, nanoseconds), and its private memory (kB) a while later; then, of the frames,
+// the GUI thread's CPU time for one (nanoseconds; median and 99th percentile), their number, and the seconds
+// they took.
 
 #include <QGuiApplication>
 #include <QQmlComponent>
@@ -131,7 +132,7 @@ struct Probe : QGuiApplication
 
     void start()
     {
-        QQmlComponent component(&engine, QUrl(QStringLiteral("qrc:/EmptyWindow.qml")));
+        QQmlComponent component(&engine, QUrl(QStringLiteral("qrc:/") + arguments().value(1)));
         window.reset(component.create());
         require(bool(window), "showing a window");
     }

@@ -22,6 +22,12 @@ SignalServiceEnabled=true
 SignalServicePath=signals
 SystemUpdateEnabled=true
 """
+# name: program and its first argument
+WINDOWS = {
+    "empty": ("hmi_empty_window", "EmptyWindow.qml"),
+    "text": ("hmi_empty_window", "TextWindow.qml"),
+    "head unit": ("hmi_headunit_window", "headunit.ini"),
+}
 # path, type, value in step n; each is another one than before, as the screen shows it
 NUMBERS = [
     ("Vehicle.Speed", "double", lambda n: abs(n % 200 - 100) * 2.0),
@@ -75,8 +81,9 @@ class WindowDesk(Desk):
 
     def run(self, name, platform, seconds=0, **environment):
         """Milliseconds to main(), the first frame and the first live one; kilobytes; and of the frames."""
+        program, argument = WINDOWS[name]
         started = time.monotonic_ns()
-        done = subprocess.run([f"{self.build}/benchmarks/{name}", "headunit.ini", str(seconds)], cwd=self.folder,
+        done = subprocess.run([f"{self.build}/benchmarks/{program}", argument, str(seconds)], cwd=self.folder,
                               env={**self.environment, **PLATFORMS[platform], **environment}, check=True,
                               stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, timeout=60)
         first, *frames = [list(map(float, line.split())) for line in done.stdout.splitlines()]
@@ -89,16 +96,16 @@ class WindowDesk(Desk):
 
 
 def compare(desk, platform):
-    """Medians of the empty window, of ours and of what ours adds."""
-    names = ("hmi_empty_window", "hmi_headunit_window")
-    for name in names:
+    """Medians of each window, and of what the head unit adds to the empty one."""
+    for name in WINDOWS:
         desk.run(name, platform)
-    pairs = [[desk.run(name, platform) for name in names] for _ in range(RUNS)]
-    return {key: (statistics.median(empty[key] for empty, _ in pairs),
-                  statistics.median(ours[key] for _, ours in pairs),
-                  # Of neighbouring runs, which the machine's other work slows alike.
-                  statistics.median(ours[key] - empty[key] for empty, ours in pairs))
-            for key in pairs[0][0]}
+    rounds = [{name: desk.run(name, platform) for name in WINDOWS} for _ in range(RUNS)]
+    medians = {name: {key: statistics.median(done[name][key] for done in rounds) for key in rounds[0][name]}
+               for name in WINDOWS}
+    # Of neighbouring runs, which the machine's other work slows alike.
+    medians["added"] = {key: statistics.median(done["head unit"][key] - done["empty"][key] for done in rounds)
+                        for key in rounds[0]["empty"]}
+    return medians
 
 
 def headunit_times(build):
@@ -112,7 +119,7 @@ def headunit_times(build):
     for steps_a_state in (STEPS_A_SECOND, 1):
         desk = WindowDesk(build, steps_a_state)
         try:
-            runs = [desk.run("hmi_headunit_window", "xcb", FRAME_SECONDS) for _ in range(FRAME_RUNS)]
+            runs = [desk.run("head unit", "xcb", FRAME_SECONDS) for _ in range(FRAME_RUNS)]
         finally:
             desk.close()
         frames[steps_a_state] = {key: statistics.median(run[key] for run in runs)

@@ -47,6 +47,8 @@ SignalVehiclePolicy::SignalVehiclePolicy(const std::shared_ptr<SignalService::Tr
     follow(aSignals.getVehicleMoving(), &SignalVehiclePolicy::takeVehicleMoving);
     follow(aSignals.getAirTemperature(), &SignalVehiclePolicy::takeAirTemperature);
     follow(aSignals.getNight(), &SignalVehiclePolicy::takeNight);
+    // The values are there when the screens are.
+    mTransport->Flush();
 }
 
 double SignalVehiclePolicy::getDrivenDistance()

@@ -62,6 +62,10 @@ public:
     SendResult RequestActive();
     SendResult RequestSignals();
 
+    /** Sends now what else the event loop would send in its next turn: for a start-up that is yet to reach
+     * it. */
+    void Flush() { mSocket.flush(); }
+
     // For the proxies.
     void RegisterReader(RxSignalProxy& aReader);
     /** Forgets the reader, and cancels its updates. */

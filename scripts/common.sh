@@ -19,13 +19,14 @@ as_root() {
     fi
 }
 
-# missing_packages [fuzz | target]: of those that everything needs, of these and those for fuzzing, or only of those that
-# scripts/target needs.
+# missing_packages [fuzz | lint | target]: of those that everything needs, of these and those for fuzzing or linting, or
+# only of those that scripts/target needs.
 missing_packages() {
     local wanted installed lines='1,/^# Fuzzing/p'
     case ${1:-} in
     fuzz) lines='1,/^# Targets/p' ;;
-    target) lines='/^# Targets/,$p' ;;
+    lint) lines='1,/^# Fuzzing/p;/^# Linting/,$p' ;;
+    target) lines='/^# Targets/,/^# Linting/p' ;;
     esac
     wanted=$(sed -n "$lines" "$root/scripts/packages.txt" | sed 's/#.*//' | xargs -n1 | sort -u)
     installed=$(dpkg-query -W -f='${Package} ${db:Status-Status}\n' $wanted 2>/dev/null | sed -n 's/ installed$//p' | sort -u)

@@ -77,7 +77,8 @@ static std::optional<QStringList> readServices(const QString& aList)
 {
     const QStringList words = ServiceSimulation::getWords();
     QStringList services;
-    for (const QString& word : aList.split(QLatin1Char(','), Qt::SkipEmptyParts)) {
+    const QStringList chosen = aList.split(QLatin1Char(','), Qt::SkipEmptyParts);
+    for (const QString& word : chosen) {
         if (word == QLatin1String("all"))
             services += words;
         else if (words.contains(word))
@@ -154,7 +155,7 @@ std::optional<Options> Options::parse(const QStringList& aArguments)
     if (!parser.parse(aArguments))
         return fail(parser.errorText() + QLatin1Char('.'));
     if (!parser.positionalArguments().isEmpty())
-        return fail(QStringLiteral("'%1' is no option.").arg(parser.positionalArguments().first()));
+        return fail(QStringLiteral("'%1' is no option.").arg(parser.positionalArguments().constFirst()));
     if (parser.isSet(QStringLiteral("version")))
         parser.showVersion();
     if (parser.isSet(QStringLiteral("help")))

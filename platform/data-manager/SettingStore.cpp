@@ -296,7 +296,8 @@ int SettingStore::flush()
 void SettingStore::announceWritten()
 {
     std::vector<ChangeAnnouncer::Setting> written;
-    for (const SettingKey& key : mPending.keys())
+    const QList<SettingKey> keys = mPending.keys();
+    for (const SettingKey& key : keys)
         written.emplace_back(settingTypeOf(key.owner), key.id);
     mPending.clear();
     announcer().announceSettings(written);

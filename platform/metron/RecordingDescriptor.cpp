@@ -76,7 +76,8 @@ CaptureFault RecordingDescriptor::load(const QString& aPath)
 
 CaptureFault RecordingDescriptor::parse(const QJsonObject& aObject)
 {
-    for (const QString& key : aObject.keys()) {
+    const QStringList keys = aObject.keys();
+    for (const QString& key : keys) {
         if (key != sNameKey && key != sFilterKey && key != sLimitKey)
             return {UnknownKey,
                     QStringLiteral("'%1' is no key of it, those are name, filter and limit").arg(key)};

@@ -60,7 +60,8 @@ QStringList ReportFolder::getPaths() const
     const QDir folder(mFolder);
     if (mFolder.isEmpty())
         return paths;
-    for (const QString& name : folder.entryList({sFilter}, QDir::Files, QDir::Name))
+    const QStringList names = folder.entryList({sFilter}, QDir::Files, QDir::Name);
+    for (const QString& name : names)
         paths += folder.filePath(name);
     return paths;
 }
@@ -68,7 +69,8 @@ QStringList ReportFolder::getPaths() const
 bool ReportFolder::clear() const
 {
     bool done = true;
-    for (const QString& path : getPaths())
+    const QStringList paths = getPaths();
+    for (const QString& path : paths)
         done = QFile::remove(path) && done;
     return done;
 }

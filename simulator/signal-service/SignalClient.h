@@ -26,7 +26,7 @@ class SignalClient : public QObject
 
 public:
     /** What waits for a client that does not read, in bytes. */
-    static constexpr qint64 MaximumOutput = 1024 * 1024;
+    static constexpr qint64 MaximumOutput = qint64(1024) * 1024;
     static constexpr std::size_t MaximumPaths = 8192;
 
     /** Takes the socket, which is connected. */

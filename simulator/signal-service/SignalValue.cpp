@@ -94,7 +94,7 @@ std::optional<SignalValue> SignalValue::fromWord(const QString& aWord)
 {
     static const QRegularExpression whole(QStringLiteral("^[+-]?\\d+$"));
     static const QRegularExpression number(QStringLiteral("^[+-]?(\\d+\\.?\\d*|\\.\\d+)([eE][+-]?\\d+)?$"));
-    if (const auto value = readBool(aWord))
+    if (auto value = readBool(aWord))
         return value;
     if (whole.match(aWord).hasMatch())
         return readInt(aWord);
@@ -207,7 +207,7 @@ QJsonValue SignalValue::toJson() const
 {
     // Through the text: JSON knows no infinity, no "not a number" and no negative zero.
     const QByteArray text = QJsonDocument(QJsonArray{plainJson(*this)}).toJson(QJsonDocument::Compact);
-    const QJsonValue plain = QJsonDocument::fromJson(text).array().first();
+    QJsonValue plain = QJsonDocument::fromJson(text).array().first();
     const std::optional<SignalValue> again = fromJson(plain, type);
     if (again && again->bytes == bytes)
         return plain;

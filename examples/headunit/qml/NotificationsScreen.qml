@@ -20,7 +20,7 @@ Screen {
     NotificationListModel {
         id: notifications
 
-        onShowRequested: screen.show(notificationId)
+        onShowRequested: notificationId => screen.show(notificationId)
     }
 
     Paragraph {

@@ -42,8 +42,9 @@ static QList<QSize> resolutions(const QString& aList, const QString& aKey)
     static const QRegularExpression separator(QStringLiteral("[,;\\s]+"));
     static const QRegularExpression size(QStringLiteral("^([1-9]\\d{0,4})x([1-9]\\d{0,4})$"));
     QList<QSize> result;
-    const QString list = QString(aList).replace(aroundSign, QStringLiteral("x"));
-    for (const QString& entry : list.split(separator, Qt::SkipEmptyParts)) {
+    const QStringList list =
+        QString(aList).replace(aroundSign, QStringLiteral("x")).split(separator, Qt::SkipEmptyParts);
+    for (const QString& entry : list) {
         const QRegularExpressionMatch match = size.match(entry);
         if (match.hasMatch())
             result.append(QSize(match.capturedRef(1).toInt(), match.capturedRef(2).toInt()));

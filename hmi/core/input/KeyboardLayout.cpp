@@ -53,7 +53,8 @@ bool KeyboardLayout::read(const QByteArray& aJson, QString& aProblem)
     const QLocale locale(language);
     name = layout.value(QStringLiteral("name")).toString(language);
     rows.clear();
-    for (const QJsonValue value : layout.value(QStringLiteral("rows")).toArray()) {
+    const QJsonArray array = layout.value(QStringLiteral("rows")).toArray();
+    for (const QJsonValue& value : array) {
         QVariantList keys;
         if (!readRow(value.toArray(), locale, keys)) {
             aProblem = QStringLiteral("row %1, key %2 is no key").arg(rows.size() + 1).arg(keys.size() + 1);

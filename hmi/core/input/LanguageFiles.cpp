@@ -8,7 +8,8 @@ namespace Hmi::Core {
 LanguageFiles::LanguageFiles(const QString& aFolder, const QString& aSuffix) :
     mFolder(aFolder), mSuffix(aSuffix)
 {
-    for (const QString& file : QDir(aFolder).entryList({QStringLiteral("*.") + aSuffix}, QDir::Files))
+    const QStringList files = QDir(aFolder).entryList({QStringLiteral("*.") + aSuffix}, QDir::Files);
+    for (const QString& file : files)
         mLanguages.append(QFileInfo(file).completeBaseName());
     mLanguages.sort();
 }

@@ -60,7 +60,8 @@ QStringList SuggestionsManager::suggestions(const QString& aPrefix, int aMaximum
     if (aPrefix.isEmpty())
         return found;
     const QStringList own = found;
-    for (const QString& word : mWords.startingWith(aPrefix, aMaximum)) {
+    const QStringList others = mWords.startingWith(aPrefix, aMaximum);
+    for (const QString& word : others) {
         if (found.size() >= aMaximum)
             break;
         if (!own.contains(word, Qt::CaseInsensitive))

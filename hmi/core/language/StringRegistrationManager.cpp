@@ -13,7 +13,7 @@
 namespace Hmi::Core {
 
 // A null text would be stored as NULL, which is another value than the empty text.
-static QString notNull(const QString& aText) { return aText.isNull() ? QStringLiteral("") : aText; }
+static QString notNull(const QString& aText) { return aText.isNull() ? QLatin1String("") : aText; }
 
 StringRegistrationManager::StringRegistrationManager(const QString& aDatabasePath) :
     mDatabasePath(aDatabasePath), mConnectionName(QUuid::createUuid().toString())

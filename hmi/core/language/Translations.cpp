@@ -29,7 +29,8 @@ bool Translations::isCode(const QString& aText)
 bool Translations::install(const QString& aCode)
 {
     std::vector<std::unique_ptr<TranslationFile>> loaded;
-    for (const QString& path : findFiles(aCode)) {
+    const QStringList paths = findFiles(aCode);
+    for (const QString& path : paths) {
         loaded.push_back(TranslationFile::load(path));
         if (!loaded.back())
             return false;

@@ -13,8 +13,8 @@ static QString bundleName(const QString& aTheme) { return aTheme + QStringLitera
 static QStringList findThemes(const QString& aThemesPath)
 {
     QStringList themes;
-    const QDir folder(aThemesPath);
-    for (const QString& file : folder.entryList({bundleName(QStringLiteral("*"))}, QDir::Files))
+    const QStringList files = QDir(aThemesPath).entryList({bundleName(QStringLiteral("*"))}, QDir::Files);
+    for (const QString& file : files)
         themes.append(QFileInfo(file).completeBaseName());
     themes.sort();
     return themes;

@@ -36,7 +36,8 @@ LogFileRotation::LogFileRotation(const QDir& aFolder, const QString& aApplicatio
 
 void LogFileRotation::rotate() const
 {
-    for (const LogFile& file : findNewestLast()) {
+    const QVector<LogFile> files = findNewestLast();
+    for (const LogFile& file : files) {
         if (file.number > LastKept)
             remove(file);
         else
@@ -60,7 +61,8 @@ qint64 LogFileRotation::numberOf(const QString& aFileName) const
 QVector<LogFileRotation::LogFile> LogFileRotation::findNewestLast() const
 {
     QVector<LogFile> files;
-    for (const QString& name : mFolder.entryList(QDir::Files | QDir::NoSymLinks | QDir::Hidden)) {
+    const QStringList names = mFolder.entryList(QDir::Files | QDir::NoSymLinks | QDir::Hidden);
+    for (const QString& name : names) {
         if (name.startsWith(mPrefix))
             files.append({name, numberOf(name)});
     }

@@ -14,7 +14,8 @@ QStringList LoggingRules::parse(const QString& aText)
 {
     QStringList rules;
     bool inRules = true;
-    for (const QString& line : aText.split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
+    const QStringList lines = aText.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    for (const QString& line : lines) {
         const QString trimmed = line.trimmed();
         if (trimmed.isEmpty() || trimmed.startsWith(QLatin1Char(';')))
             continue;

@@ -171,7 +171,7 @@ void Setting::onDataManagerReadyChanged()
 QVariant Setting::loadAndTell()
 {
     const QVariant served = currentValue();
-    const QVariant value = getValue();
+    QVariant value = getValue();
     if (value != served)
         emit valueChanged(value);
     return value;

@@ -16,7 +16,7 @@ SettingLocale::SettingLocale(QObject* aParent) :
 
 QVariant SettingLocale::getValue()
 {
-    const QVariant value = Setting::getValue();
+    QVariant value = Setting::getValue();
     onSettingValueChanged();
     return value;
 }

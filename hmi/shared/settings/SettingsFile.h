@@ -2,16 +2,14 @@
 
 #include <QString>
 
-namespace Hmi::Shared {
-
 /**
  * The published settings as a file: a JSON object of names and values. A failure is one warning that names
  * the file. Main thread only.
  */
-namespace SettingsFile {
+namespace Hmi::Shared::SettingsFile {
 
 /** Larger files are not read, in bytes. */
-constexpr qint64 MaximumSize = 4 * 1024 * 1024;
+constexpr qint64 MaximumSize = qint64(4) * 1024 * 1024;
 
 /** Writes the exportable settings; on failure the file that was there stays as it was. */
 bool save(const QString& aFilePath);
@@ -22,6 +20,4 @@ bool save(const QString& aFilePath);
  */
 bool load(const QString& aFilePath);
 
-} // namespace SettingsFile
-
-} // namespace Hmi::Shared
+} // namespace Hmi::Shared::SettingsFile

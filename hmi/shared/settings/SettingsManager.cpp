@@ -170,7 +170,7 @@ bool SettingsManager::overrideSetting(Setting* aSetting)
     if (!present)
         return warnAbout("Cannot find setting with name %s.", replacement->getName());
     if (present == aSetting) {
-        replacement.release();
+        Q_UNUSED(replacement.release())
         return true;
     }
     if (present->getCategory() != Setting::SettingCategoryUser &&

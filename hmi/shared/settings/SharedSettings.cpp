@@ -60,7 +60,7 @@ static QVector<Row> makeTable(const QJsonObject& aDefaults, const QLocale& aLoca
         {"adjustSoundQuality", "SettingsAdjustSoundQuality", Int, 1},
         {"touchSounds", "SettingsTouchSounds", Bool, true},
         {"displayGeographicData", "SettingsDisplayGeographicData", Bool, isGeographicDataShown},
-        {"deviceName", "SettingsDeviceName", String, QStringLiteral("")},
+        {"deviceName", "SettingsDeviceName", String, QLatin1String("")},
     };
 }
 

@@ -20,7 +20,7 @@ static constexpr qint64 ReadingTime = 2;
 
 /** What waits in the process to be handed out, and to be sent, in bytes. */
 static constexpr qint64 ReadBufferSize = 65536;
-static constexpr qint64 WriteBufferSize = 1024 * 1024;
+static constexpr qint64 WriteBufferSize = qint64(1024) * 1024;
 
 QString TransportProxy::DefaultSocketPath() { return QStringLiteral("/var/run/signal_service"); }
 

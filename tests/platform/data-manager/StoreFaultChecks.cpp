@@ -100,6 +100,21 @@ TEST_F(StoreFaults, LeaveTheDatabaseOfAnotherProgramAlone)
     EXPECT_FALSE(QFile::exists(path(QStringLiteral("hmi_settings.db.damaged-1"))));
 }
 
+TEST_F(StoreFaults, LeaveTheStoreOfANewerVersionAlone)
+{
+    ASSERT_EQ(start(mFolder), Ok);
+    EXPECT_EQ(Settings::setGlobalSetting(QStringLiteral("id"), 1), Ok);
+    ShutDown();
+    EXPECT_EQ(Connection(path()).run("PRAGMA user_version=1000"), "");
+    const QByteArray before = HmiTest::readFile(path());
+    expectReport();
+    EXPECT_EQ(start(mFolder), Ok);
+    EXPECT_EQ(Settings::setGlobalSetting(QStringLiteral("id"), 2), SqlError);
+    EXPECT_EQ(stored<int>(QStringLiteral("id")), 2);
+    ShutDown();
+    EXPECT_TRUE(HmiTest::readFile(path()) == before);
+}
+
 TEST_F(StoreFaults, GiveWayToWhatAnotherProcessWroteMeanwhile)
 {
     ASSERT_EQ(start(mFolder), Ok);

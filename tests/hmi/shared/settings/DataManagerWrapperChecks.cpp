@@ -75,6 +75,34 @@ TEST_F(DataManagerStart, WaitsForTheEnvironmentAndThenHappensOnce)
     EXPECT_EQ(errorOf(wrapper->makeActiveUserProfile(QStringLiteral("user1"))), Result::DM_ID_NOT_FOUND);
 }
 
+TEST_F(DataManagerStart, IsFollowedByReadsAndRenamedProfiles)
+{
+    environment->completeStartup();
+    wrapper->initialize(parameters);
+    const QByteArray bytes("\0\xff", 2);
+    EXPECT_EQ(errorOf(wrapper->setGlobalSetting(sId, bytes)), Result::DM_OK);
+    EXPECT_EQ(DataManager::Settings::setProtectedSetting(sId, bytes), DataManager::Ok);
+    for (Result* result :
+         {wrapper->getGlobalSettingByteArray(sId), wrapper->getProtectedSettingByteArray(sId)}) {
+        EXPECT_EQ(result->getValue(), bytes);
+        EXPECT_EQ(errorOf(result), Result::DM_OK);
+    }
+    for (Result* result :
+         {wrapper->getDefaultSettingValueBool(sId), wrapper->getDefaultSettingValueDouble(sId),
+          wrapper->getDefaultSettingValueString(sId)})
+        EXPECT_NE(errorOf(result), Result::DM_OK) << "there is a value, but no default";
+
+    const QString anna = QStringLiteral("anna");
+    EXPECT_EQ(errorOf(wrapper->addNewUserProfile(QStringLiteral("guest"))), Result::DM_OK);
+    EXPECT_EQ(errorOf(wrapper->makeActiveUserProfile(QStringLiteral("guest"))), Result::DM_OK);
+    EXPECT_EQ(errorOf(wrapper->updateProfileAttributesForActiveProfile(anna)), Result::DM_OK);
+    EXPECT_EQ(wrapper->getActiveUserProfile(), anna);
+    EXPECT_EQ(errorOf(wrapper->updateProfileAttributes(anna, QStringLiteral("ben"))), Result::DM_OK);
+    EXPECT_EQ(wrapper->getActiveUserProfile(), QStringLiteral("ben"));
+    EXPECT_EQ(errorOf(wrapper->updateProfileAttributes(anna, QStringLiteral("carl"))),
+              Result::DM_ID_NOT_FOUND);
+}
+
 TEST_F(DataManagerStart, ThatIsStillDelayedEndsWithTheShutdown)
 {
     wrapper->initialize(parameters);

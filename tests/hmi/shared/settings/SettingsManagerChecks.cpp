@@ -77,6 +77,9 @@ TEST_F(Settings, AreRefusedAndDeletedWhenTheyDoNotFit)
         present = warning ? present : setting;
         EXPECT_EQ(mManager->getSetting(QStringLiteral("mine")), present);
     }
+    EXPECT_TRUE(mManager->overrideSetting(present));
+    EXPECT_EQ(mManager->getSetting(QStringLiteral("mine")), present) << "its own replacement stays";
+    EXPECT_FALSE(mManager->overrideSetting(nullptr));
     warns("Cannot find setting with name NON_SETTING_VALUE.");
     EXPECT_EQ(values({"NON_SETTING_VALUE"}), QVariantList{QVariant()});
 }

@@ -39,6 +39,8 @@ TEST(ActionManager, SignalsOnlyRealChanges)
     EXPECT_FALSE(manager.addAction(record, true));
     EXPECT_FALSE(manager.isEnabled(record));
     EXPECT_EQ(changes, 1);
+    const QVariantMap entry{{QStringLiteral("name"), record}, {QStringLiteral("enabled"), false}};
+    EXPECT_EQ(manager.getActions(), QVariantList{entry});
     EXPECT_TRUE(manager.setEnabled(record, true));
     EXPECT_TRUE(manager.isEnabled(record));
     manager.removeAction(record);

@@ -1,7 +1,9 @@
 #include <platform/data-manager/LogKeeper.h>
 
 #include <QByteArray>
+#include <QFile>
 #include <QFileInfo>
+#include <sys/stat.h>
 #include <utility>
 
 #include <platform/data-manager/MediumSync.h>
@@ -60,7 +62,7 @@ void LogKeeper::extendLog(SqliteConnection& aWriter)
 }
 
 LogKeeper::LogKeeper(const QString& aPath, Durability aDurability, std::function<void()> aMoved) :
-    mPath(aPath), mDurability(aDurability), mMoved(std::move(aMoved))
+    mPath(aPath), mFile(findFile(aPath)), mDurability(aDurability), mMoved(std::move(aMoved))
 {
     // What a killed process left may not be on the medium yet.
     if (QFileInfo(mPath + QStringLiteral("-wal")).size() > 0)
@@ -118,8 +120,7 @@ void LogKeeper::run()
         mWake.wait(lock, [this] { return mStopping || mWritten || mUrgent; });
         mWake.wait_until(lock, mFirstWrite.load() + SyncDelay, [this] { return mStopping || mUrgent; });
         lock.unlock();
-        if (mConnection.isOpen() || open())
-            keep();
+        keep();
         lock.lock();
     }
     lock.unlock();
@@ -128,7 +129,7 @@ void LogKeeper::run()
 
 bool LogKeeper::open()
 {
-    if (mConnection.open(mPath, SQLITE_OPEN_READWRITE) != SQLITE_OK)
+    if (isMoved() || mConnection.open(mPath, SQLITE_OPEN_READWRITE) != SQLITE_OK)
         return false;
     const auto tryAgain = [](void*, int aTimes) {
         std::this_thread::sleep_for(LockInterval);
@@ -147,8 +148,12 @@ void LogKeeper::keep()
 {
     mUrgent = false;
     mWritten = false;
-    if (isMoved())
+    if (isMoved()) {
+        mMissed = true;
         mMoved();
+    }
+    if (!mConnection.isOpen() && !open())
+        return;
     if (mDurability == Durability::Normal)
         syncLog();
     const int pages = mLogPages;
@@ -187,11 +192,11 @@ void LogKeeper::carryOver()
     syncLog();
 }
 
-bool LogKeeper::isMoved() const
+LogKeeper::FileNumber LogKeeper::findFile(const QString& aPath)
 {
-    int moved = 0;
-    sqlite3_file_control(mConnection.handle(), "main", SQLITE_FCNTL_HAS_MOVED, &moved);
-    return moved != 0;
+    struct stat status = {};
+    ::stat(QFile::encodeName(aPath).constData(), &status);
+    return {status.st_dev, status.st_ino};
 }
 
 void LogKeeper::close()

@@ -7,6 +7,7 @@
 #include <functional>
 #include <mutex>
 #include <thread>
+#include <utility>
 
 #include <platform/data-manager/SqliteConnection.h>
 #include <platform/data-manager/StoreConfiguration.h>
@@ -30,7 +31,10 @@ namespace DataManager {
 class LogKeeper
 {
 public:
-    /** aMoved is called, from the thread, when the file is found to be no longer where it was opened. */
+    /**
+     * For the file that is at the path now. aMoved is called, from the thread, when that is found to be no
+     * longer there.
+     */
     LogKeeper(const QString& aPath, Durability aDurability, std::function<void()> aMoved);
     ~LogKeeper();
     Q_DISABLE_COPY(LogKeeper)
@@ -51,17 +55,25 @@ public:
     /** Whether a writer that finds the file locked may be waiting for the keeper. Any thread. */
     bool isCarryingOver() const { return mCarryingOver; }
 
+    /** Whether what was written last may be gone with a file that was moved or removed. Any thread. */
+    bool losesWrites() const { return mMissed || (mWritten && isMoved()); }
+
 private:
+    /** By device and number; zeros where there is none. */
+    using FileNumber = std::pair<quint64, quint64>;
+    static FileNumber findFile(const QString& aPath);
+    bool isMoved() const { return findFile(mPath) != mFile; }
+
     void start();
     void run();
     bool open();
     void keep();
     void syncLog();
     void carryOver();
-    bool isMoved() const;
     void close();
 
     const QString mPath;
+    const FileNumber mFile;
     const Durability mDurability;
     const std::function<void()> mMoved;
     SqliteConnection mConnection; ///< of the thread
@@ -71,6 +83,7 @@ private:
     std::atomic<std::chrono::steady_clock::time_point> mFirstWrite{std::chrono::steady_clock::time_point()};
     std::atomic<bool> mUrgent{false};
     std::atomic<bool> mCarryingOver{false};
+    std::atomic<bool> mMissed{false};
     std::mutex mMutex;
     std::condition_variable mWake;
     std::condition_variable mShortened;

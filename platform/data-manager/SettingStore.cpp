@@ -50,6 +50,8 @@ SettingStore::SettingStore(const StoreConfiguration& aConfiguration) :
 
 SettingStore::~SettingStore()
 {
+    if (mKeeper && mKeeper->losesWrites())
+        onFileMoved();
     if (!mPending.isEmpty())
         flush();
     // The keeper closes last: what it then does waits for the medium.

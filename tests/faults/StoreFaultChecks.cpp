@@ -1,28 +1,22 @@
+#include "Medium.h"
+
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
-#include <QThread>
-#include <QVector>
-#include <algorithm>
-#include <atomic>
 #include <functional>
 #include <gtest/gtest.h>
 #include <memory>
 #include <ostream>
 #include <sqlite3.h>
-#include <thread>
 
 #include <platform/data-manager/DataManager.h>
 #include <tests/support/ExpectedMessages.h>
-#include <tests/support/FaultyDisk.h>
 #include <tests/support/FilesAndWaits.h>
 
 namespace {
 
 using namespace DataManager;
-using HmiTest::FaultyDisk;
 
 const QString sStore = QStringLiteral("hmi_settings.db");
 
@@ -84,7 +78,6 @@ protected:
     }
 
     const QTemporaryDir mFolder;
-    FaultyDisk mDisk{mFolder.path()};
 };
 
 TEST_F(StoreFaults, LeaveTheDatabaseOfAnotherProgramAlone)
@@ -134,132 +127,59 @@ TEST_F(StoreFaults, GiveWayToWhatAnotherProcessWroteMeanwhile)
     EXPECT_EQ(stored<int>(both), 3);
 }
 
-// Power cuts
+// Somebody else's hands
 
-struct PowerCutCase
+struct Displacement
 {
-    const char* durability;
-    qint64 slack; ///< nanoseconds before the cut whose writes may be lost
-    quint32 seed;
+    const char* name;
+    std::function<void(const QString& aStore)> act;
+    bool isShutDown; ///< right after the next write, without any time to notice
 };
 
-void PrintTo(const PowerCutCase& aCase, std::ostream* aStream) { *aStream << aCase.durability; }
+void PrintTo(const Displacement& aCase, std::ostream* aStream) { *aStream << aCase.name; }
 
-class StorePowerCuts : public StoreFaults, public testing::WithParamInterface<PowerCutCase>
+class DisplacedStore : public StoreFaults, public testing::WithParamInterface<Displacement>
+{};
+
+TEST_P(DisplacedStore, IsWrittenAnewFromMemory)
 {
-protected:
-    struct Acknowledged
-    {
-        qint64 time;
-        int value;
+    const QString before = QStringLiteral("before"), after = QStringLiteral("after");
+    ASSERT_EQ(start(mFolder), Ok);
+    EXPECT_EQ(Settings::setGlobalSetting(before, 1), Ok);
+    GetParam().act(path());
+    HmiTest::expectMessageMatching(QtWarningMsg,
+                                   QStringLiteral(".*hmi_settings\\.db' was moved or removed.*"));
+    EXPECT_EQ(Settings::setGlobalSetting(after, 2), Ok);
+    const auto isWritten = [&] {
+        return QFile::exists(path()) &&
+               Connection(path()).run("SELECT value FROM setting WHERE id = 'after'") == "2";
     };
-    struct Cut
-    {
-        qint64 time;
-        QString folder; ///< in the folder of the store
-    };
-
-    /** On a thread of its own, so that cuts meet every moment of a write, the start and the shutdown. */
-    void cutAgainAndAgain()
-    {
-        QRandomGenerator random(GetParam().seed);
-        while (!mDone && mCuts.size() < 150) {
-            QThread::usleep(random.bounded(50000));
-            cut(mTimer.nsecsElapsed() - GetParam().slack, random.generate());
-        }
-    }
-
-    void cut(qint64 aTime, quint32 aSeed)
-    {
-        mCuts.append({aTime, QStringLiteral("cut%1/").arg(mCuts.size())});
-        ASSERT_TRUE(QDir().mkpath(path(mCuts.last().folder)));
-        mDisk.powerCut(path(mCuts.last().folder), aSeed);
-    }
-
-    /** First bursts that restart the log several times, then so little that only time can sync it; every
-     * value is the greatest so far under its key. */
-    void writeForAWhile()
-    {
-        QRandomGenerator random(GetParam().seed);
-        while (mTimer.elapsed() < 1700) {
-            for (quint32 left = mTimer.elapsed() < 1000 ? random.bounded(60) : 1; left > 0; --left)
-                write(int(mAcknowledged.size()) + 1);
-            const qint64 end = mTimer.elapsed() + random.bounded(20);
-            HmiTest::waitUntil([&] { return mTimer.elapsed() >= end; });
-        }
-    }
-
-    void write(int aValue)
-    {
-        const bool isBatch = aValue % 4 == 0;
-        int code = isBatch ? beginBatch() : Ok;
-        code |= Settings::setGlobalSetting(keyOf(aValue), aValue);
-        if (isBatch) {
-            code |= Settings::setGlobalSetting(QStringLiteral("ballast"),
-                                               QString::number(aValue).repeated(10000));
-            code |= Settings::setUserSetting(keyOf(aValue), aValue);
-            code |= commitBatch();
-        }
-        EXPECT_EQ(code, Ok);
-        mAcknowledged.append({mTimer.nsecsElapsed(), aValue});
-    }
-
-    /** Single writes and batches have keys of their own. */
-    static QString keyOf(int aValue) { return QString::number(aValue % 20); }
-
-    void expectSound(const Cut& aCut)
-    {
-        const QString store = aCut.folder + sStore;
-        ASSERT_EQ(start(mFolder, {{QStringLiteral("Path"), store}}), Ok);
-        EXPECT_EQ(Connection(path(store)).run("PRAGMA integrity_check"), "ok");
-        for (const Acknowledged& write : newestBefore(aCut.time))
-            EXPECT_GE(stored<int>(keyOf(write.value)), write.value);
-        for (int key = 0; key < 20; key += 4) {
-            int second = 0;
-            Settings::getUserSetting(keyOf(key), second);
-            EXPECT_EQ(stored<int>(keyOf(key)), second) << "half a batch";
-        }
-        EXPECT_EQ(ShutDown(), Ok);
-        EXPECT_TRUE(QDir(path(aCut.folder)).entryList({QStringLiteral("*damaged*")}).isEmpty());
-    }
-
-    /** The last value of each key; keys take turns. */
-    QVector<Acknowledged> newestBefore(qint64 aTime) const
-    {
-        const auto isLater = [](qint64 time, const Acknowledged& write) { return time < write.time; };
-        const auto end = std::upper_bound(mAcknowledged.begin(), mAcknowledged.end(), aTime, isLater);
-        const int count = int(end - mAcknowledged.begin());
-        return mAcknowledged.mid(qMax(0, count - 20), qMin(20, count));
-    }
-
-    QElapsedTimer mTimer;
-    QVector<Acknowledged> mAcknowledged;
-    QVector<Cut> mCuts;
-    std::atomic<bool> mDone = false;
-};
-
-TEST_P(StorePowerCuts, LoseNoMoreThanTheDurabilityAllows)
-{
-    mTimer.start();
-    std::thread cutter([this] { cutAgainAndAgain(); });
-    const QString durability = QString::fromLatin1(GetParam().durability);
-    EXPECT_EQ(start(mFolder, {{QStringLiteral("Durability"), durability}}), Ok);
-    writeForAWhile();
-    EXPECT_EQ(ShutDown(), Ok);
-    mDone = true;
-    cutter.join();
-    cut(mTimer.nsecsElapsed(), GetParam().seed);
-    for (int i = 0; i < mCuts.size() && !HasFailure(); ++i) {
-        SCOPED_TRACE(mCuts.at(i).time);
-        expectSound(mCuts.at(i));
-    }
+    EXPECT_TRUE(GetParam().isShutDown || HmiTest::waitUntil(isWritten));
+    EXPECT_EQ(Settings::setGlobalSetting(QStringLiteral("last"), 3), Ok);
+    ShutDown();
+    ASSERT_EQ(start(mFolder), Ok);
+    for (const auto& [id, value] : {std::pair(before, 1), {after, 2}, {QStringLiteral("last"), 3}})
+        EXPECT_EQ(stored<int>(id), value) << qPrintable(id);
 }
 
-const PowerCutCase powerCutCases[] = {
-    {"full", 0, 1}, {"full", 0, 2}, {"normal", 500000000, 1}, {"normal", 500000000, 2}};
-INSTANTIATE_TEST_SUITE_P(, StorePowerCuts, testing::ValuesIn(powerCutCases), [](const auto& aCase) {
-    return aCase.param.durability + std::to_string(aCase.param.seed);
-});
+void removeStore(const QString& aStore) { ASSERT_TRUE(QFile::remove(aStore)); }
+void moveStore(const QString& aStore)
+{
+    ASSERT_TRUE(QFile::rename(aStore, aStore + QStringLiteral(".away")));
+}
+void replaceStore(const QString& aStore)
+{
+    QFile::copy(aStore, aStore + QStringLiteral(".copy"));
+    removeStore(aStore);
+    ASSERT_TRUE(QFile::rename(aStore + QStringLiteral(".copy"), aStore));
+}
+
+const Displacement displacements[] = {{"Removed", &removeStore, false},
+                                      {"RemovedBeforeTheShutdown", &removeStore, true},
+                                      {"Moved", &moveStore, false},
+                                      {"Replaced", &replaceStore, false}};
+INSTANTIATE_TEST_SUITE_P(, DisplacedStore, testing::ValuesIn(displacements),
+                         [](const auto& aCase) { return aCase.param.name; });
 
 // Damage
 
@@ -337,12 +257,12 @@ INSTANTIATE_TEST_SUITE_P(, DamagedStore, testing::ValuesIn(damages),
 
 // Outages
 
-enum class Fault { ReadOnly, Full, Locked, NoFolder };
+enum class Cause { ReadOnly, Full, Locked, NoFolder };
 
 struct Outage
 {
     const char* name;
-    Fault fault;
+    Cause cause;
     int code;          ///< of a write meanwhile
     bool fromTheStart; ///< or after it
     bool afterKill;    ///< what is stored is in the log still
@@ -371,14 +291,14 @@ protected:
         ShutDown();
     }
 
-    void setFault(bool aOn)
+    void setOutage(bool aOn)
     {
         const QString folder = path(QStringLiteral("inner"));
-        if (GetParam().fault == Fault::ReadOnly)
+        if (GetParam().cause == Cause::ReadOnly)
             mDisk.setReadOnly(aOn);
-        else if (GetParam().fault == Fault::Full)
-            mDisk.setQuota(aOn ? 0 : -1);
-        else if (GetParam().fault == Fault::NoFolder)
+        else if (GetParam().cause == Cause::Full)
+            mDisk.setFull(aOn);
+        else if (GetParam().cause == Cause::NoFolder)
             ASSERT_TRUE(aOn ? QFile(folder).open(QFile::WriteOnly) : QFile::remove(folder));
         else if (!aOn)
             mOther.reset();
@@ -386,7 +306,7 @@ protected:
             ASSERT_EQ((mOther = std::make_unique<Connection>(mStore))->run("BEGIN IMMEDIATE"), "");
     }
 
-    void writeDuringTheFault(int aRound, const QString& aText)
+    void writeMeanwhile(int aRound, const QString& aText)
     {
         EXPECT_EQ(Settings::setGlobalSetting(QStringLiteral("late"), aText), GetParam().code);
         EXPECT_EQ(Settings::setGlobalSetting(QStringLiteral("kept"), aRound + 1), GetParam().code);
@@ -402,20 +322,21 @@ protected:
     }
 
     const QString mStore = path(QStringLiteral("inner/hmi_settings.db"));
+    Medium mDisk{path(QStringLiteral("inner/"))};
     std::unique_ptr<Connection> mOther;
 };
 
 /** The first outage ends by itself, the second with the shutdown. */
 TEST_P(StoreOutages, AreBridgedFromMemoryAndReportedOnceEach)
 {
-    const int rounds = GetParam().fault == Fault::NoFolder ? 1 : 2;
-    if (GetParam().fault != Fault::NoFolder)
+    const int rounds = GetParam().cause == Cause::NoFolder ? 1 : 2;
+    if (GetParam().cause != Cause::NoFolder)
         makeStore();
     EXPECT_EQ(GetParam().fromTheStart ? Ok : startStore(), Ok);
     QString text;
     for (int round = 1; round <= rounds; ++round) {
         text = longText(QStringLiteral("written in round %1:").arg(round));
-        setFault(true);
+        setOutage(true);
         expectReport();
         EXPECT_EQ(IsStarted() ? Ok : startStore(), Ok);
         EXPECT_EQ(stored<int>(QStringLiteral("kept")), rounds == 1 ? 0 : round);
@@ -423,8 +344,8 @@ TEST_P(StoreOutages, AreBridgedFromMemoryAndReportedOnceEach)
         EXPECT_EQ(Settings::getGlobalSetting(QStringLiteral("none"), none),
                   rounds == 1 ? int(SqlError) : int(SettingNotFound))
             << "what could not be read is not missing";
-        writeDuringTheFault(round, text);
-        setFault(false);
+        writeMeanwhile(round, text);
+        setOutage(false);
         EXPECT_TRUE(round == 2 || HmiTest::waitUntil([&] { return isInTheFile(text); }));
     }
     ShutDown();
@@ -433,15 +354,15 @@ TEST_P(StoreOutages, AreBridgedFromMemoryAndReportedOnceEach)
     EXPECT_EQ(stored<int>(QStringLiteral("kept")), rounds + 1);
 }
 
-const Outage outages[] = {{"ReadOnly", Fault::ReadOnly, SqlError, false, false},
-                          {"ReadOnlyFromTheStart", Fault::ReadOnly, SqlError, true, false},
-                          {"ReadOnlyFromTheStartAfterAKill", Fault::ReadOnly, SqlError, true, true},
-                          {"Full", Fault::Full, SqlError, false, false},
-                          {"FullFromTheStart", Fault::Full, SqlError, true, false},
-                          {"FullFromTheStartAfterAKill", Fault::Full, SqlError, true, true},
-                          {"Locked", Fault::Locked, DatabaseBusy, false, false},
-                          {"LockedFromTheStart", Fault::Locked, DatabaseBusy, true, false},
-                          {"NoFolderFromTheStart", Fault::NoFolder, SqlError, true, false}};
+const Outage outages[] = {{"ReadOnly", Cause::ReadOnly, SqlError, false, false},
+                          {"ReadOnlyFromTheStart", Cause::ReadOnly, SqlError, true, false},
+                          {"ReadOnlyFromTheStartAfterAKill", Cause::ReadOnly, SqlError, true, true},
+                          {"Full", Cause::Full, SqlError, false, false},
+                          {"FullFromTheStart", Cause::Full, SqlError, true, false},
+                          {"FullFromTheStartAfterAKill", Cause::Full, SqlError, true, true},
+                          {"Locked", Cause::Locked, DatabaseBusy, false, false},
+                          {"LockedFromTheStart", Cause::Locked, DatabaseBusy, true, false},
+                          {"NoFolderFromTheStart", Cause::NoFolder, SqlError, true, false}};
 INSTANTIATE_TEST_SUITE_P(, StoreOutages, testing::ValuesIn(outages),
                          [](const auto& aCase) { return aCase.param.name; });
 

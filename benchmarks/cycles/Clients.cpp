@@ -1,0 +1,47 @@
+#include "Clients.h"
+
+#include <hmi/shared/signal-service/DataBuffer.h>
+#include <platform/data-manager/DataManager.h>
+
+using namespace Hmi::Shared;
+using namespace SignalService;
+
+static constexpr int SubscribedSignals = 8;
+
+Clients::Clients(const QString& aSocket) :
+    transport(aSocket), writer(transport, QStringLiteral("Vehicle.Put"))
+{
+    update.init();
+    for (int i = 0; i < SubscribedSignals; ++i) {
+        readers << new RxSignalProxy(transport, QStringLiteral("Vehicle.Signal%1").arg(i), &transport);
+        QObject::connect(readers.last(), &RxSignalProxy::ValueUpdated,
+                         [=](const QVariant& aValue, int) { values[i] = aValue.toInt(); });
+        readers.last()->RequestUpdates();
+    }
+    QObject::connect(&wrapper, &NotificationManagerWrapper::NotificationAdded,
+                     [=](const int&, const QString&, const QString& aId) { added = aId; });
+    QObject::connect(&settings, &DataManagerSignalClient::DataManagerSettingChanged,
+                     [=](const int&, const QString&) { ++settingsTold; });
+    QDBusConnection bus = QDBusConnection::systemBus();
+    bus.registerObject(QStringLiteral("/com/korvex/BugReportHmi"), &hmi, QDBusConnection::ExportAllSlots);
+    bus.registerService(QStringLiteral("com.korvex.BugReportHmi"));
+}
+
+void Clients::use(int aValue)
+{
+    update.checkForUpdates();
+    update.startDownload();
+    update.resumeDownload();
+    notifications.dismiss(1);
+    bugs.CreateBugReport();
+    readers.last()->RequestUpdate();
+    writer.PutValue(MemcpyToDataBuffer(aValue));
+    DataManager::Settings::setGlobalSetting(QStringLiteral("written"), aValue);
+}
+
+bool Clients::shows(const QString& aNotification) const
+{
+    const int count = notifications.getCount();
+    return added == aNotification && count > 0 &&
+           notifications.at(count - 1)->getTypeSpecificIdentifier() == aNotification;
+}

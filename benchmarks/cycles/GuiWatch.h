@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QTimer>
+
+/**
+ * How long the thread's event loop was kept from turning, by whatever it called. Time in which the machine
+ * gave the thread no processor does not count.
+ */
+class GuiWatch
+{
+public:
+    GuiWatch();
+
+    /** Milliseconds, since the last time that this was asked. */
+    double takeLongest();
+
+private:
+    void look();
+
+    QTimer mTick;
+    QElapsedTimer mClock;
+    qint64 mLast = 0; ///< nanoseconds
+    qint64 mLastStarved = 0;
+    double mLongest = 0;
+};

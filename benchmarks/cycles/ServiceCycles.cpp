@@ -1,0 +1,279 @@
+// Kills, stops and restarts the services of a head unit while its clients are in the middle of something:
+// hmi_service_cycles COUNT. Every state meets every fault, in an order that is the same each time. The
+// clients are on the GUI thread of this process; the services are processes of their own, harmed from another
+// thread.
+
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTemporaryDir>
+#include <algorithm>
+#include <atomic>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <random>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "Clients.h"
+#include "Findings.h"
+#include "GuiThread.h"
+#include "GuiWatch.h"
+#include "ServiceCases.h"
+#include <benchmarks/Require.h>
+#include <hmi/core/foundation/InstanceTracker.h>
+#include <platform/data-manager/ChangeBus.h>
+#include <platform/data-manager/DataManager.h>
+
+static const QString sWatched = QStringLiteral("watched");
+static const std::string sWaitedFor = "notifications"; // with calls that wait
+static constexpr int MostHarms = 20;
+static constexpr int Patience = 5000;   ///< milliseconds until it is given up that all is subscribed
+static constexpr int SamplePeriod = 20; ///< cycles
+/** Numbers that are announced begin here: no percentage is among them. */
+static constexpr int FirstNumber = 1000;
+
+namespace {
+
+enum class Fault { Kill, End, HangAndKill, HangAndGoOn };
+
+struct Cycle
+{
+    ServiceCase* subject;
+    std::size_t state;
+    Fault fault;
+};
+
+std::string describe(int aNumber, const Cycle& aCycle)
+{
+    static const char* const sFaults[] = {"killed", "ended", "hung and killed", "hung and gone on"};
+    return "cycle " + std::to_string(aNumber) + ", " + aCycle.subject->name + ", " +
+           aCycle.subject->states[aCycle.state] + ", " + sFaults[static_cast<int>(aCycle.fault)];
+}
+
+class ServiceCycles
+{
+public:
+    ServiceCycles(const QString& aFolder, Clients& aClients, GuiWatch& aWatch) :
+        mClients(aClients), mWatch(aWatch), mCases(makeServiceCases(aClients, aFolder))
+    {}
+
+    /** Whether nothing was harmed. */
+    bool run(int aCount);
+
+private:
+    std::vector<Cycle> makeRound();
+    void carryOut(const Cycle& aCycle);
+    void harm(const Cycle& aCycle);
+    void useHanging(const Cycle& aCycle);
+    void callUntilKilled(const PlatformService& aService);
+    void use();
+    /** Milliseconds that a call of the notification service took. */
+    double call();
+    void judgeHeld();
+    void judgeSubscriptions();
+    bool isSettingHeard() const;
+    bool allHear() const;
+    void announceSetting();
+    void pause(int aMost)
+    {
+        QThread::msleep(
+            std::uniform_int_distribution<unsigned long>(0, static_cast<unsigned long>(aMost))(mRandom));
+    }
+
+    Clients& mClients;
+    GuiWatch& mWatch;
+    const std::vector<std::unique_ptr<ServiceCase>> mCases;
+    const QDBusConnection mStranger = QDBusConnection::connectToBus(
+        qEnvironmentVariable("DBUS_SYSTEM_BUS_ADDRESS"), QStringLiteral("stranger"));
+    std::mt19937 mRandom;
+    Findings mFindings;
+    Findings::Duration* mHeld = &mFindings.asynchronous;
+    int mNumber = FirstNumber;
+    int mSettingsBefore = 0;
+};
+
+bool ServiceCycles::run(int aCount)
+{
+    for (const auto& subject : mCases)
+        subject->service.start();
+    mFindings.begin("the beginning");
+    judgeSubscriptions();
+    judgeHeld();
+    std::vector<Cycle> round;
+    for (int number = 1; number <= aCount && mFindings.getHarms() < MostHarms; ++number) {
+        if (round.empty())
+            round = makeRound();
+        mFindings.begin(describe(number, round.back()));
+        carryOut(round.back());
+        round.pop_back();
+        if (number >= aCount / 10 && number % SamplePeriod == 0)
+            mFindings.judgeProcess();
+        if (number % 100 == 0)
+            std::fprintf(stderr, "%d cycles\n", number);
+    }
+    mFindings.print();
+    return mFindings.getHarms() == 0;
+}
+
+/** Every state of every service with every fault. */
+std::vector<Cycle> ServiceCycles::makeRound()
+{
+    std::vector<Cycle> round;
+    for (const auto& subject : mCases)
+        for (std::size_t state = 0; state < subject->states.size(); ++state)
+            for (const Fault fault : {Fault::Kill, Fault::End, Fault::HangAndKill, Fault::HangAndGoOn})
+                round.push_back({subject.get(), state, fault});
+    std::shuffle(round.begin(), round.end(), mRandom);
+    return round;
+}
+
+void ServiceCycles::carryOut(const Cycle& aCycle)
+{
+    ServiceCase& subject = *aCycle.subject;
+    const bool isHalf = subject.states[aCycle.state] == "half a message";
+    mHeld = isHalf ? &mFindings.restOfMessage : &mFindings.asynchronous;
+    mFindings.expect(subject.bring(static_cast<int>(aCycle.state)), "the state is not reached");
+    pause(20);
+    harm(aCycle);
+    use();
+    mFindings.judge(mFindings.answered, call());
+    pause(100);
+    subject.service.start();
+    judgeSubscriptions();
+    judgeHeld();
+}
+
+void ServiceCycles::harm(const Cycle& aCycle)
+{
+    PlatformService& service = aCycle.subject->service;
+    const bool goesOn = aCycle.fault == Fault::HangAndGoOn;
+    if (goesOn || aCycle.fault == Fault::HangAndKill) {
+        service.signal(SIGSTOP);
+        pause(200);
+        useHanging(aCycle);
+        pause(200);
+    }
+    if (goesOn) {
+        service.signal(SIGCONT);
+        judgeSubscriptions();
+    }
+    service.end(goesOn || aCycle.fault == Fault::End ? SIGTERM : SIGKILL);
+}
+
+void ServiceCycles::useHanging(const Cycle& aCycle)
+{
+    use();
+    if (aCycle.subject->name != sWaitedFor)
+        return mFindings.judge(mFindings.answered, call());
+    if (aCycle.fault == Fault::HangAndKill)
+        return callUntilKilled(aCycle.subject->service);
+    const double waited = call();
+    mFindings.judge(mFindings.unanswered, waited);
+    mFindings.expect(waited > mFindings.unanswered.bound / 2,
+                     "a call does not wait for a service that hangs");
+}
+
+void ServiceCycles::callUntilKilled(const PlatformService& aService)
+{
+    std::atomic<bool> isOver{false};
+    QMetaObject::invokeMethod(
+        qApp, [&] { isOver = (call(), true); }, Qt::QueuedConnection);
+    QThread::msleep(100);
+    mFindings.expect(!isOver, "a call does not wait for a service that hangs");
+    QElapsedTimer timer;
+    timer.start();
+    aService.signal(SIGKILL);
+    onGui([] {});
+    mFindings.judge(mFindings.cutOff, static_cast<double>(timer.nsecsElapsed()) / 1e6);
+}
+
+void ServiceCycles::use()
+{
+    onGui([this] { mClients.use(mNumber); });
+    judgeHeld();
+}
+
+double ServiceCycles::call()
+{
+    // On the GUI thread, whichever asks for it.
+    const auto waited = [this] {
+        mWatch.takeLongest();
+        mClients.wrapper.GetIsNotificationEnabledFromType(QStringLiteral("fuel"));
+        return mWatch.takeLongest();
+    };
+    return QThread::currentThread() == qApp->thread() ? waited() : onGui(waited);
+}
+
+void ServiceCycles::judgeHeld()
+{
+    mFindings.judge(*mHeld, onGui([this] { return mWatch.takeLongest(); }));
+}
+
+void ServiceCycles::judgeSubscriptions()
+{
+    QElapsedTimer timer;
+    timer.start();
+    ++mNumber;
+    for (const auto& subject : mCases)
+        subject->announce(mNumber);
+    announceSetting();
+    waitOnGui(Patience, [this] { return allHear(); });
+    mFindings.judge(mFindings.subscribed, static_cast<double>(timer.nsecsElapsed()) / 1e6);
+    for (const auto& subject : mCases)
+        mFindings.expect(onGui([&] { return subject->isHeard(mNumber); }), subject->name + " is not heard");
+    mFindings.expect(onGui([this] { return isSettingHeard(); }), "another process's setting is not heard");
+}
+
+bool ServiceCycles::isSettingHeard() const { return mClients.settingsTold > mSettingsBefore; }
+
+bool ServiceCycles::allHear() const
+{
+    return isSettingHeard() && std::all_of(mCases.begin(), mCases.end(), [this](const auto& aSubject) {
+               return aSubject->isHeard(mNumber);
+           });
+}
+
+/** As another process does that wrote it. */
+void ServiceCycles::announceSetting()
+{
+    namespace Bus = DataManager::ChangeBus;
+    mSettingsBefore = onGui([this] { return mClients.settingsTold; });
+    QDBusMessage change = QDBusMessage::createSignal(Bus::Path, Bus::Interface, Bus::SettingChanged);
+    change.setArguments({static_cast<int>(Bus::GlobalSetting), sWatched});
+    require(mStranger.send(change), "announcing a setting");
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QCoreApplication application(argc, argv);
+    const int count = argc == 2 ? std::atoi(argv[1]) : 0;
+    require(count > 0, "running without a number of cycles");
+    const PrivateBus bus;
+    const QTemporaryDir folder;
+    const QString configuration = folder.filePath(QStringLiteral("DataManagerConf.ini"));
+    require(QFile(configuration).open(QFile::WriteOnly) &&
+                DataManager::StartUp(configuration) == DataManager::Ok,
+            "starting the store");
+    DataManager::Settings::requestSettingChangedSignal(sWatched, QStringLiteral("service cycles"));
+    bool isUnharmed = false;
+    {
+        Clients clients(folder.filePath(QStringLiteral("signals")));
+        GuiWatch watch;
+        std::thread platform([&] {
+            isUnharmed = ServiceCycles(folder.path(), clients, watch).run(count);
+            QMetaObject::invokeMethod(&application, &QCoreApplication::quit, Qt::QueuedConnection);
+        });
+        QCoreApplication::exec();
+        platform.join();
+    }
+    DataManager::ShutDown();
+    Hmi::Core::InstanceTracker::deleteInstancesCpp();
+    return isUnharmed ? 0 : 1;
+}

@@ -12,6 +12,8 @@ Clients::Clients(const QString& aSocket) :
     transport(aSocket), writer(transport, QStringLiteral("Vehicle.Put"))
 {
     update.init();
+    QObject::connect(&update, &SystemUpdateManager::percentChanged, &transport,
+                     [this] { announced = update.getPercent() > 100 ? update.getPercent() : announced; });
     for (int i = 0; i < SubscribedSignals; ++i) {
         readers << new RxSignalProxy(transport, QStringLiteral("Vehicle.Signal%1").arg(i), &transport);
         QObject::connect(readers.last(), &RxSignalProxy::ValueUpdated,
@@ -37,11 +39,4 @@ void Clients::use(int aValue)
     readers.last()->RequestUpdate();
     writer.PutValue(MemcpyToDataBuffer(aValue));
     DataManager::Settings::setGlobalSetting(QStringLiteral("written"), aValue);
-}
-
-bool Clients::shows(const QString& aNotification) const
-{
-    const int count = notifications.getCount();
-    return added == aNotification && count > 0 &&
-           notifications.at(count - 1)->getTypeSpecificIdentifier() == aNotification;
 }

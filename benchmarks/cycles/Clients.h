@@ -37,10 +37,10 @@ struct Clients
 
     /** What a driver may do at any time. */
     void use(int aValue);
-    bool shows(const QString& aNotification) const;
     bool haveValue(int aValue) const { return values.values().count(aValue) == readers.size(); }
 
     Hmi::Shared::SystemUpdateManager& update = *Hmi::Shared::SystemUpdateManager::instance();
+    int announced = 0; ///< as a percentage, which is more than 100
     Hmi::Shared::NotificationListModel notifications;
     std::unique_ptr<Hmi::Shared::NotificationListModel> laterNotifications;
     Hmi::Shared::NotificationManagerWrapper wrapper;

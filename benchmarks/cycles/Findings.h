@@ -28,7 +28,7 @@ public:
     /** TransportProxy gives the rest of a message 250 ms. */
     Duration restOfMessage{"the GUI thread waited for the rest of a message", 250 + 50};
     Duration answered{"a call that waits, while the service answers or is gone", 50};
-    Duration cutOff{"a call that waits, after the service was killed under it", 50};
+    Duration cutOff{"a call that waits, with the service killed after 100 ms", 150};
     /** Two seconds; Qt's timers are right to a twentieth. */
     Duration unanswered{"a call that waits, while the service hangs", 2100 + 50};
     Duration subscribed{"everything was subscribed again", 1500};

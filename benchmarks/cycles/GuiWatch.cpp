@@ -1,17 +1,11 @@
 #include "GuiWatch.h"
 
-#include <QFile>
 #include <algorithm>
 #include <utility>
 
-static constexpr int Interval = 5; ///< milliseconds
+#include "Starvation.h"
 
-/** Nanoseconds that this thread waited for a processor so far. */
-static qint64 starvedTime()
-{
-    QFile file(QStringLiteral("/proc/thread-self/schedstat"));
-    return file.open(QFile::ReadOnly) ? file.readAll().split(' ').value(1).toLongLong() : 0;
-}
+static constexpr int Interval = 5; ///< milliseconds
 
 GuiWatch::GuiWatch()
 {
@@ -24,10 +18,9 @@ GuiWatch::GuiWatch()
 
 void GuiWatch::look()
 {
-    const qint64 starved = starvedTime();
-    const qint64 now = mClock.nsecsElapsed();
-    const qint64 held = now - mLast - (starved - mLastStarved);
-    mLongest = std::max(mLongest, static_cast<double>(held) / 1e6 - Interval);
+    const double starved = starvedTime(QStringLiteral("/proc/thread-self"));
+    const double now = static_cast<double>(mClock.nsecsElapsed()) / 1e6;
+    mLongest = std::max(mLongest, now - mLast - (starved - mLastStarved) - Interval);
     mLast = now;
     mLastStarved = starved;
 }

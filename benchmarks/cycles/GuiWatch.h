@@ -20,7 +20,7 @@ private:
 
     QTimer mTick;
     QElapsedTimer mClock;
-    qint64 mLast = 0; ///< nanoseconds
-    qint64 mLastStarved = 0;
+    double mLast = 0; ///< milliseconds, as all below
+    double mLastStarved = 0;
     double mLongest = 0;
 };

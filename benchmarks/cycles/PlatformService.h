@@ -13,6 +13,7 @@ class PrivateBus
 public:
     PrivateBus();
     ~PrivateBus();
+    qint64 getProcess() const { return mDaemon.processId(); }
 
 private:
     const QTemporaryDir mFolder;
@@ -31,6 +32,8 @@ public:
     ~PlatformService() { end(SIGKILL); }
 
     void start();
+    /** 0 when it does not run. */
+    qint64 getProcess() const { return mProcess->processId(); }
     void signal(int aSignal) const;
     /** Returns when the process has ended. */
     void end(int aSignal);

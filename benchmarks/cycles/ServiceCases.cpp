@@ -40,7 +40,7 @@ public:
         service.command("service honest");
         service.command("update signal DownloadProgress u " + QByteArray::number(aNumber));
     }
-    bool isHeard(int aNumber) const override { return mClients.update.getPercent() == aNumber; }
+    bool isHeard(int aNumber) const override { return mClients.announced == aNumber; }
 
 private:
     enum State {
@@ -72,7 +72,7 @@ bool UpdateCase::bring(int aState)
         return true;
     if (aState == Asking) {
         service.command(LateAnswers);
-        service.command("update offer u 1000000 1", "call GetDownloadableUpdateInfo");
+        service.command("update offer u 1000000 1", "call GetDownloadableUpdateInfo \"u\"");
         return true;
     }
     service.command(aState < Available ? "update bandwidth 1000" : "update bandwidth 20000000000");
@@ -120,13 +120,19 @@ public:
     }
     bool isHeard(int aNumber) const override
     {
-        return mClients.shows(QStringLiteral("n%1").arg(aNumber)) &&
-               (!mClients.laterNotifications ||
-                mClients.laterNotifications->getCount() == mClients.notifications.getCount());
+        const QString id = QStringLiteral("n%1").arg(aNumber);
+        return mClients.added == id && isLast(id, mClients.notifications) &&
+               (!mClients.laterNotifications || isLast(id, *mClients.laterNotifications));
     }
 
 private:
     enum State { Idle, Asking, Dismissing, Flooded };
+
+    static bool isLast(const QString& aId, const NotificationListModel& aModel)
+    {
+        const int count = aModel.getCount();
+        return count > 0 && aModel.at(count - 1)->getTypeSpecificIdentifier() == aId;
+    }
 };
 
 bool NotificationCase::bring(int aState)

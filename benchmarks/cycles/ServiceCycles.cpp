@@ -24,16 +24,19 @@
 #include "GuiThread.h"
 #include "GuiWatch.h"
 #include "ServiceCases.h"
+#include "Starvation.h"
 #include <benchmarks/Require.h>
+#include <benchmarks/Times.h>
 #include <hmi/core/foundation/InstanceTracker.h>
 #include <platform/data-manager/ChangeBus.h>
 #include <platform/data-manager/DataManager.h>
 
 static const QString sWatched = QStringLiteral("watched");
-static const std::string sWaitedFor = "notifications"; // with calls that wait
+static constexpr std::size_t WaitedFor = 1; ///< the case whose service has calls that wait
 static constexpr int MostHarms = 20;
-static constexpr int Patience = 5000;   ///< milliseconds until it is given up that all is subscribed
-static constexpr int SamplePeriod = 20; ///< cycles
+static constexpr int Patience = 5000;      ///< milliseconds until it is given up that all is subscribed
+static constexpr int CallBeforeKill = 100; ///< milliseconds
+static constexpr int SamplePeriod = 20;    ///< cycles
 /** Numbers that are announced begin here: no percentage is among them. */
 static constexpr int FirstNumber = 1000;
 
@@ -58,8 +61,8 @@ std::string describe(int aNumber, const Cycle& aCycle)
 class ServiceCycles
 {
 public:
-    ServiceCycles(const QString& aFolder, Clients& aClients, GuiWatch& aWatch) :
-        mClients(aClients), mWatch(aWatch), mCases(makeServiceCases(aClients, aFolder))
+    ServiceCycles(const PrivateBus& aBus, const QString& aFolder, Clients& aClients, GuiWatch& aWatch) :
+        mBus(aBus), mClients(aClients), mWatch(aWatch), mCases(makeServiceCases(aClients, aFolder))
     {}
 
     /** Whether nothing was harmed. */
@@ -72,8 +75,10 @@ private:
     void useHanging(const Cycle& aCycle);
     void callUntilKilled(const PlatformService& aService);
     void use();
-    /** Milliseconds that a call of the notification service took. */
-    double call();
+    /** Milliseconds that a call of the notification service, a process or 0, took. */
+    double call(qint64 aService);
+    /** Its process. */
+    qint64 getWaitedFor() const { return mCases[WaitedFor]->service.getProcess(); }
     void judgeHeld();
     void judgeSubscriptions();
     bool isSettingHeard() const;
@@ -85,6 +90,7 @@ private:
             std::uniform_int_distribution<unsigned long>(0, static_cast<unsigned long>(aMost))(mRandom));
     }
 
+    const PrivateBus& mBus;
     Clients& mClients;
     GuiWatch& mWatch;
     const std::vector<std::unique_ptr<ServiceCase>> mCases;
@@ -141,7 +147,7 @@ void ServiceCycles::carryOut(const Cycle& aCycle)
     pause(20);
     harm(aCycle);
     use();
-    mFindings.judge(mFindings.answered, call());
+    mFindings.judge(mFindings.answered, call(getWaitedFor()));
     pause(100);
     subject.service.start();
     judgeSubscriptions();
@@ -168,11 +174,11 @@ void ServiceCycles::harm(const Cycle& aCycle)
 void ServiceCycles::useHanging(const Cycle& aCycle)
 {
     use();
-    if (aCycle.subject->name != sWaitedFor)
-        return mFindings.judge(mFindings.answered, call());
+    if (aCycle.subject != mCases[WaitedFor].get())
+        return mFindings.judge(mFindings.answered, call(getWaitedFor()));
     if (aCycle.fault == Fault::HangAndKill)
         return callUntilKilled(aCycle.subject->service);
-    const double waited = call();
+    const double waited = call(getWaitedFor());
     mFindings.judge(mFindings.unanswered, waited);
     mFindings.expect(waited > mFindings.unanswered.bound / 2,
                      "a call does not wait for a service that hangs");
@@ -181,15 +187,18 @@ void ServiceCycles::useHanging(const Cycle& aCycle)
 void ServiceCycles::callUntilKilled(const PlatformService& aService)
 {
     std::atomic<bool> isOver{false};
-    QMetaObject::invokeMethod(
-        qApp, [&] { isOver = (call(), true); }, Qt::QueuedConnection);
-    QThread::msleep(100);
+    double waited = 0;
+    const auto wait = [&] {
+        // What a process waited for is forgotten when it ends.
+        waited = call(0);
+        isOver = true;
+    };
+    QMetaObject::invokeMethod(qApp, wait, Qt::QueuedConnection);
+    QThread::msleep(CallBeforeKill);
     mFindings.expect(!isOver, "a call does not wait for a service that hangs");
-    QElapsedTimer timer;
-    timer.start();
     aService.signal(SIGKILL);
     onGui([] {});
-    mFindings.judge(mFindings.cutOff, static_cast<double>(timer.nsecsElapsed()) / 1e6);
+    mFindings.judge(mFindings.cutOff, waited);
 }
 
 void ServiceCycles::use()
@@ -198,13 +207,18 @@ void ServiceCycles::use()
     judgeHeld();
 }
 
-double ServiceCycles::call()
+/** Without the time in which the machine gave no processor to one of those that have a part in it. */
+double ServiceCycles::call(qint64 aService)
 {
+    const std::vector<qint64> parts{QCoreApplication::applicationPid(), mBus.getProcess(), aService};
     // On the GUI thread, whichever asks for it.
-    const auto waited = [this] {
-        mWatch.takeLongest();
+    const auto waited = [&] {
+        const double starved = starvedTime(parts);
+        const double begin = monotonicTime();
         mClients.wrapper.GetIsNotificationEnabledFromType(QStringLiteral("fuel"));
-        return mWatch.takeLongest();
+        const double elapsed = (monotonicTime() - begin) / 1e6;
+        mWatch.takeLongest();
+        return elapsed - (starvedTime(parts) - starved);
     };
     return QThread::currentThread() == qApp->thread() ? waited() : onGui(waited);
 }
@@ -267,7 +281,7 @@ int main(int argc, char** argv)
         Clients clients(folder.filePath(QStringLiteral("signals")));
         GuiWatch watch;
         std::thread platform([&] {
-            isUnharmed = ServiceCycles(folder.path(), clients, watch).run(count);
+            isUnharmed = ServiceCycles(bus, folder.path(), clients, watch).run(count);
             QMetaObject::invokeMethod(&application, &QCoreApplication::quit, Qt::QueuedConnection);
         });
         QCoreApplication::exec();

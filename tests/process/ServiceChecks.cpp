@@ -341,6 +341,25 @@ TEST_F(SystemServices, KeepNotificationsThroughTheWrapper)
     EXPECT_FALSE(wrapper.GetIsNotificationEnabledFromType(type)) << "nobody is there";
 }
 
+TEST_F(SystemServices, AreAskedForTheirListUntilTheyGiveIt)
+{
+    HmiTest::expectMessageMatching(QtWarningMsg, QStringLiteral("The notification service did not list .*"));
+    serve();
+    EXPECT_TRUE(simulator->answers("notify add door open", "added 1"));
+    EXPECT_TRUE(simulator->answers("service refuse", "service refuse"));
+    const NotificationListModel model;
+    EXPECT_TRUE(waitUntil([&] { return !model.getServiceAvailable(); }));
+    // Refused once more, and no second warning.
+    EXPECT_TRUE(simulator->says("call GetCurrentNotifications"));
+    EXPECT_TRUE(simulator->says("call GetCurrentNotifications"));
+    simulator->command("notify add fuel low 50 8");
+    EXPECT_TRUE(waitUntil([&] { return model.getCount() == 1; }));
+    EXPECT_TRUE(simulator->answers("service honest", "service honest"));
+    EXPECT_TRUE(waitUntil([&] { return model.getCount() == 2; }));
+    EXPECT_EQ(model.at(0)->getNotificationId(), 1);
+    EXPECT_EQ(model.at(1)->getLatitude(), 50);
+}
+
 TEST_F(SystemServices, AreMirroredInAListForViews)
 {
     registerSharedModule(false, false);

@@ -15,6 +15,8 @@ using NotificationMgr::NotificationInstance;
 using NotificationMgr::NotificationList;
 using Client = NotificationMgr::NotificationManagerClient;
 
+static constexpr int AskAgainInterval = 1000; ///< milliseconds
+
 /** What is no number or beyond the poles is no position. */
 static void locate(NotificationModel& aNotification, bool aHasLocation, double aLatitude, double aLongitude)
 {
@@ -36,6 +38,9 @@ NotificationListModel::NotificationListModel(const QDBusConnection& aConnection,
 NotificationListModel::NotificationListModel(Bus::Connector aConnector, QObject* aParent) :
     ObjectListModelT(aParent), mClient(std::move(aConnector))
 {
+    mAskAgain.setInterval(AskAgainInterval);
+    mAskAgain.setSingleShot(true);
+    connect(&mAskAgain, &QTimer::timeout, this, &NotificationListModel::ask);
     mClient.perform([this](Client& aClient) {
         follow(aClient);
         mFollowed = &aClient;
@@ -64,7 +69,6 @@ void NotificationListModel::dismiss(int aNotificationId)
 void NotificationListModel::ask()
 {
     delete std::exchange(mAsked, nullptr);
-    mListed = false;
     // Qt never tells of an answer then.
     if (!mFollowed.load()->connection().isConnected())
         return setServiceAvailable(false);
@@ -81,6 +85,8 @@ void NotificationListModel::setServiceAvailable(bool aServiceAvailable)
 void NotificationListModel::onOwnerChanged(const QString&, const QString&, const QString& aNewOwner)
 {
     clear();
+    mListed = false;
+    mAskAgain.stop();
     setServiceAvailable(!aNewOwner.isEmpty());
     if (mFollowed && !aNewOwner.isEmpty())
         ask();
@@ -93,20 +99,34 @@ void NotificationListModel::onListed(QDBusPendingCallWatcher* aWatcher)
     mAsked = nullptr;
     mListed = true;
     setServiceAvailable(!reply.isError());
-    // A service that is not there is asked when it comes.
-    if (reply.isError() && reply.error().type() != QDBusError::ServiceUnknown)
-        qCWarning(hmiShared,
-                  "The notification service did not list its notifications (%s); only those that it adds "
-                  "from now on are shown.",
-                  qUtf8Printable(reply.error().message()));
     if (reply.isError())
-        return;
+        return onNotListed(reply.error());
+    mRefusalTold = false;
     const NotificationList notifications = reply.value();
     QMap<uint, NotificationInstance> inOrder;
     for (auto entry = notifications.cbegin(); entry != notifications.cend(); ++entry)
         inOrder.insert(entry.key(), entry.value());
-    for (auto entry = inOrder.cbegin(); entry != inOrder.cend(); ++entry)
-        add(static_cast<int>(entry.key()), entry->priority, entry->notificationType, entry->typeSpecificId);
+    for (auto entry = inOrder.cbegin(); entry != inOrder.cend(); ++entry) {
+        const int id = static_cast<int>(entry.key());
+        // What was added meanwhile has its position.
+        if (findId(id))
+            setPriority(id, entry->priority);
+        else
+            add(id, entry->priority, entry->notificationType, entry->typeSpecificId);
+    }
+}
+
+/** A service that is not there is asked when it comes. */
+void NotificationListModel::onNotListed(const QDBusError& aError)
+{
+    if (aError.type() == QDBusError::ServiceUnknown)
+        return;
+    mAskAgain.start();
+    if (!std::exchange(mRefusalTold, true))
+        qCWarning(hmiShared,
+                  "The notification service did not list its notifications (%s); it is asked again every "
+                  "second, and those that it adds meanwhile are shown.",
+                  qUtf8Printable(aError.message()));
 }
 
 void NotificationListModel::askPriority(int aId)
@@ -145,7 +165,10 @@ NotificationModel* NotificationListModel::add(int aId, int aPriority, const QStr
 {
     onDismissed(aId);
     auto* const notification = new NotificationModel(aTypeId, aId, aPriority, true, aType, aTypeId);
-    append(notification);
+    int row = getCount();
+    while (row > 0 && at(row - 1)->getNotificationId() > aId)
+        --row;
+    insert(row, notification);
     return notification;
 }
 

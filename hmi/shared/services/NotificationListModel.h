@@ -2,6 +2,7 @@
 
 #include <QDBusConnection>
 #include <QDBusServiceWatcher>
+#include <QTimer>
 #include <atomic>
 #include <memory>
 
@@ -10,6 +11,7 @@
 #include <platform/bus/ServiceClient.h>
 #include <platform/notification-manager/NotificationManagerClient.h>
 
+class QDBusError;
 class QDBusPendingCallWatcher;
 
 namespace Hmi::Shared {
@@ -22,8 +24,9 @@ namespace Hmi::Shared {
  *         delegate: Text { text: notificationType + ": " + description }
  *     }
  *
- * It asks the service once for what there is and follows its signals from then on, without ever waiting.
- * While the service is away the list is empty; when it returns, it is asked again. The service knows no
+ * It asks the service for what there is and follows its signals from then on, without ever waiting. An answer
+ * that is an error or does not come is one warning, and it asks again a second later, until it knows. While
+ * the service is away the list is empty; when it returns, it is asked again. The service knows no
  * description, so that is the type-specific identifier. Its list has priorities and no positions, its signals
  * positions and no priorities: those of what it adds are asked for, and 0 until they are known; a position
  * that is not told, or not on the globe, is UnknownPosition. GUI thread only.
@@ -59,6 +62,7 @@ private:
     void setServiceAvailable(bool aServiceAvailable);
     void onOwnerChanged(const QString& aName, const QString& aOldOwner, const QString& aNewOwner);
     void onListed(QDBusPendingCallWatcher* aWatcher);
+    void onNotListed(const QDBusError& aError);
     void onAdded(int aId, const QString& aType, const QString& aTypeId, bool aHasLocation, double aLatitude,
                  double aLongitude);
     void onDismissed(int aId);
@@ -71,7 +75,9 @@ private:
     std::atomic<NotificationMgr::NotificationManagerClient*> mFollowed{nullptr};
     QDBusPendingCallWatcher* mAsked = nullptr;
     bool mListed = false; ///< what came before the answer is part of it
+    bool mRefusalTold = false;
     bool mServiceAvailable = true;
+    QTimer mAskAgain;
     std::unique_ptr<QDBusServiceWatcher> mOwner;
     Bus::ServiceClient<NotificationMgr::NotificationManagerClient> mClient;
 };

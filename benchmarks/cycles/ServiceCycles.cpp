@@ -80,6 +80,7 @@ private:
     /** Its process. */
     qint64 getWaitedFor() const { return mCases[WaitedFor]->service.getProcess(); }
     void judgeHeld();
+    void judgeProcess();
     void judgeSubscriptions();
     bool isSettingHeard() const;
     bool allHear() const;
@@ -118,7 +119,7 @@ bool ServiceCycles::run(int aCount)
         carryOut(round.back());
         round.pop_back();
         if (number >= aCount / 10 && number % SamplePeriod == 0)
-            mFindings.judgeProcess();
+            judgeProcess();
         if (number % 100 == 0)
             std::fprintf(stderr, "%d cycles\n", number);
     }
@@ -226,6 +227,15 @@ double ServiceCycles::call(qint64 aService)
 void ServiceCycles::judgeHeld()
 {
     mFindings.judge(*mHeld, onGui([this] { return mWatch.takeLongest(); }));
+}
+
+/** While the watch, which opens files, is not at work. */
+void ServiceCycles::judgeProcess()
+{
+    onGui([this] {
+        mFindings.judgeProcess();
+        mWatch.takeLongest();
+    });
 }
 
 void ServiceCycles::judgeSubscriptions()

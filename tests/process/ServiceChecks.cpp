@@ -355,7 +355,7 @@ TEST_F(SystemServices, AreAskedForTheirListUntilTheyGiveIt)
     simulator->command("notify add fuel low 50 8");
     EXPECT_TRUE(waitUntil([&] { return model.getCount() == 1; }));
     EXPECT_TRUE(simulator->answers("service honest", "service honest"));
-    EXPECT_TRUE(waitUntil([&] { return model.getCount() == 2; }));
+    ASSERT_TRUE(waitUntil([&] { return model.getCount() == 2; }));
     EXPECT_EQ(model.at(0)->getNotificationId(), 1);
     EXPECT_EQ(model.at(1)->getLatitude(), 50);
 }

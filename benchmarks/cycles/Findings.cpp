@@ -25,13 +25,13 @@ void Findings::expect(bool aFulfilled, const std::string& aWhat)
     std::fflush(stdout);
 }
 
-void Findings::judge(Duration& aDuration, double aMilliseconds)
+void Findings::judge(Duration& aDuration, double aMilliseconds, const std::string& aOf)
 {
     aDuration.longest = std::max(aDuration.longest, aMilliseconds);
     if (aMilliseconds <= aDuration.bound)
         return;
     char text[200];
-    std::snprintf(text, sizeof text, "%s: %.1f ms", aDuration.what, aMilliseconds);
+    std::snprintf(text, sizeof text, "%s: %.1f ms %s", aDuration.what, aMilliseconds, aOf.c_str());
     expect(false, text);
 }
 

@@ -16,7 +16,7 @@ public:
 
     /** In what the harms from now on happen. */
     void begin(const std::string& aCycle) { mCycle = aCycle; }
-    void judge(Duration& aDuration, double aMilliseconds);
+    void judge(Duration& aDuration, double aMilliseconds, const std::string& aOf = {});
     void expect(bool aFulfilled, const std::string& aWhat);
     /** Kilobytes and descriptors, as they are now; the first time is what they are compared with. */
     void judgeProcess();

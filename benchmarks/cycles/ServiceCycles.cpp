@@ -14,6 +14,7 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <functional>
 #include <random>
 #include <string>
 #include <thread>
@@ -82,8 +83,6 @@ private:
     void judgeHeld();
     void judgeProcess();
     void judgeSubscriptions();
-    bool isSettingHeard() const;
-    bool allHear() const;
     void announceSetting();
     void pause(int aMost)
     {
@@ -246,20 +245,14 @@ void ServiceCycles::judgeSubscriptions()
     for (const auto& subject : mCases)
         subject->announce(mNumber);
     announceSetting();
-    waitOnGui(Patience, [this] { return allHear(); });
-    mFindings.judge(mFindings.subscribed, static_cast<double>(timer.nsecsElapsed()) / 1e6);
+    const auto judge = [&](const std::string& aWhat, const std::function<bool()>& aIsHeard) {
+        const bool isHeard = waitOnGui(Patience, aIsHeard);
+        mFindings.judge(mFindings.subscribed, static_cast<double>(timer.nsecsElapsed()) / 1e6, aWhat);
+        mFindings.expect(isHeard, aWhat + " is not heard");
+    };
     for (const auto& subject : mCases)
-        mFindings.expect(onGui([&] { return subject->isHeard(mNumber); }), subject->name + " is not heard");
-    mFindings.expect(onGui([this] { return isSettingHeard(); }), "another process's setting is not heard");
-}
-
-bool ServiceCycles::isSettingHeard() const { return mClients.settingsTold > mSettingsBefore; }
-
-bool ServiceCycles::allHear() const
-{
-    return isSettingHeard() && std::all_of(mCases.begin(), mCases.end(), [this](const auto& aSubject) {
-               return aSubject->isHeard(mNumber);
-           });
+        judge(subject->name, [&] { return subject->isHeard(mNumber); });
+    judge("another process's setting", [&] { return mClients.settingsTold > mSettingsBefore; });
 }
 
 /** As another process does that wrote it. */

@@ -28,7 +28,8 @@ void NotificationService::run()
     QDBusConnection bus = QDBusConnection::systemBus();
     require(bus.registerObject(QStringLiteral("/com/korvex/NotificationManager"), &service,
                                QDBusConnection::ExportAllContents) &&
-                bus.registerService(QStringLiteral("com.korvex.NotificationManager")),
+                bus.registerService(QStringLiteral("com.korvex.NotificationManager")) &&
+                bus.registerService(QStringLiteral("com.korvex.UpdateManager")),
             "being on the bus");
     std::puts("");
     std::fflush(stdout);

@@ -16,7 +16,10 @@ class NotificationService : public QObject
 public:
     NotificationService();
 
-    /** Serves on the system bus until its parent process ends; prints an empty line when it begins. */
+    /**
+     * Serves on the system bus until its parent process ends, the update service's name in its hands as well;
+     * prints an empty line when it begins.
+     */
     static void run();
 
 public slots:

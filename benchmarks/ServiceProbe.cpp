@@ -1,12 +1,14 @@
-// Measures the clients of the notification service: hmi_service_probe calls|slot|qml <count>
+// Measures the clients of the notification service: hmi_service_probe calls|slot|qml|bounds <count>
 // The service is this program in a process of its own, on the system bus. Prints lines of a word and
 // nanoseconds.
 
 #include <QCoreApplication>
 #include <QDBusConnection>
+#include <QDBusConnectionInterface>
 #include <QDBusInterface>
 #include <QDBusMessage>
 #include <QDBusReply>
+#include <QEventLoop>
 #include <QProcess>
 #include <QQmlComponent>
 #include <QQmlContext>
@@ -15,6 +17,7 @@
 #include <QTemporaryDir>
 #include <QTimer>
 #include <algorithm>
+#include <csignal>
 #include <functional>
 #include <map>
 #include <memory>
@@ -28,6 +31,7 @@
 #include <hmi/shared/application/PerfEventPolicyMetron.h>
 #include <hmi/shared/qml/SharedQmlModule.h>
 #include <hmi/shared/services/NotificationManagerWrapper.h>
+#include <hmi/shared/services/SystemUpdateManager.h>
 
 using NotificationMgr::NotificationList;
 
@@ -198,10 +202,35 @@ static void measureQml(int aCount)
     printDelays("binding", arrivals.bindingDelays());
 }
 
+static void printTime(const char* aWhat, const std::function<void()>& aWork)
+{
+    const double start = monotonicTime();
+    aWork();
+    std::printf("bounds/%s %f\n", aWhat, monotonicTime() - start);
+}
+
+/** How long a service that hangs is waited for. */
+static void measureBounds(int)
+{
+    auto* const updates = Hmi::Shared::SystemUpdateManager::instance();
+    updates->init();
+    QEventLoop loop;
+    QObject::connect(updates, &Hmi::Shared::SystemUpdateManager::serviceAvailableChanged, &loop,
+                     &QEventLoop::quit);
+    if (!updates->getServiceAvailable())
+        loop.exec();
+    Hmi::Shared::NotificationManagerWrapper wrapper;
+    require(wrapper.GetIsNotificationEnabledFromType(Type), "calling the service");
+    const uint service = QDBusConnection::systemBus().interface()->servicePid(Service);
+    require(service != 0 && ::kill(static_cast<pid_t>(service), SIGSTOP) == 0, "stopping the service");
+    printTime("call", [&] { wrapper.GetIsNotificationEnabledFromType(Type); });
+    printTime("update", [&] { updates->onOumDownloadableUpdatesChanged({QStringLiteral("update")}); });
+}
+
 static void measure(const std::string& aCommand, int aCount)
 {
     static const std::map<std::string, void (*)(int)> Commands = {
-        {"calls", measureCalls}, {"slot", measureSlot}, {"qml", measureQml}};
+        {"calls", measureCalls}, {"slot", measureSlot}, {"qml", measureQml}, {"bounds", measureBounds}};
     QProcess service;
     service.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     service.start(QCoreApplication::applicationFilePath(), {QStringLiteral("serve")});

@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QFileInfo>
+#include <QJSEngine>
 #include <QProcess>
 #include <QQmlComponent>
 #include <QQmlContext>
@@ -14,8 +15,10 @@
 #include <cstdio>
 #include <vector>
 
+#include "FlushCount.h"
 #include "PrivateMemory.h"
 #include "SettingsStores.h"
+#include <hmi/shared/settings/DataManagerWrapper.h>
 
 static long long now()
 {
@@ -55,6 +58,35 @@ static void grow(const std::string& aFolder, int aCount)
     }
     require(greatest > 0, "seeing the log");
     std::printf("%ld %lld\n", privateKilobytes() - before, static_cast<long long>(greatest));
+}
+
+/** Prints how often this thread waited for the medium in so many writes of a durability: Normal or Full. */
+static void countFlushes(const std::string& aDurability, const std::string& aFolder, int aCount)
+{
+    const auto store = openStore("Setting", aFolder, aDurability == "Full");
+    store->fill(1);
+    const long before = flushCount();
+    for (int written = 1; written <= aCount; ++written)
+        store->set(0, written);
+    std::printf("%ld\n", flushCount() - before);
+}
+
+/** Prints the growth of private memory (kB) in so many reads by a script, once the engine is warm. */
+static void readByScript(const std::string& aFolder, int aCount)
+{
+    const auto store = openStore("Setting", aFolder, false);
+    store->fill(1);
+    QJSEngine engine;
+    auto* const manager = Hmi::Shared::DataManagerWrapper::instance();
+    QJSEngine::setObjectOwnership(manager, QJSEngine::CppOwnership);
+    engine.globalObject().setProperty(QStringLiteral("manager"), engine.newQObject(manager));
+    QJSValue read = engine.evaluate(
+        QStringLiteral("(function(count) { let sum = 0; for (let n = 0; n < count; ++n) "
+                       "sum += 1 + manager.getGlobalSettingInt('setting0').value; return sum; })"));
+    require(read.call({aCount / 10}).toInt() == aCount / 10, "reading by a script");
+    const long before = privateKilobytes();
+    require(read.call({aCount}).toInt() == aCount, "reading by a script");
+    std::printf("%ld\n", privateKilobytes() - before);
 }
 
 namespace {
@@ -150,6 +182,10 @@ int main(int argc, char** argv)
         read(kind, folder, count);
     else if (command == "grow")
         grow(folder, count);
+    else if (command == "flushes")
+        countFlushes(kind, folder, count);
+    else if (command == "script")
+        readByScript(folder, count);
     else if (command == "watch")
         watch(kind, folder);
     else

@@ -4,6 +4,7 @@ import statistics
 import subprocess
 import time
 
+from rows import added, ratio, single
 from startup import Desk
 
 RUNS = 31
@@ -28,6 +29,11 @@ WINDOWS = {
     "text": ("hmi_empty_window", "TextWindow.qml"),
     "head unit": ("hmi_headunit_window", "headunit.ini"),
 }
+# What it adds to the empty window, or how many times as much it takes, or a limit.
+ADDED = [("first", "first frame", None), ("live", "first frame with live values", 120e6)]
+MEMORY = [("empty", "empty window", 1.25), ("text", "a window with a text", None)]
+FRAMES = [("median", "median", 2e6), ("percentile99", "99 %", 8e6)]
+LEAST_RATE = 59.5  # of 60 frames a second: the measured time seldom ends with a frame
 # path, type, value in step n; each is another one than before, as the screen shows it
 NUMBERS = [
     ("Vehicle.Speed", "double", lambda n: abs(n % 200 - 100) * 2.0),
@@ -80,7 +86,7 @@ class WindowDesk(Desk):
         super().close()
 
     def run(self, name, platform, seconds=0, **environment):
-        """Milliseconds to main(), the first frame and the first live one; kilobytes; and of the frames."""
+        """Nanoseconds to main(), the first frame and the first live one; kilobytes; and of the frames."""
         program, argument = WINDOWS[name]
         started = time.monotonic_ns()
         done = subprocess.run([f"{self.build}/benchmarks/{program}", argument, str(seconds)], cwd=self.folder,
@@ -88,10 +94,10 @@ class WindowDesk(Desk):
                               stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, timeout=60)
         first, *frames = [list(map(float, line.split())) for line in done.stdout.splitlines()]
         *times, memory = first
-        result = dict(zip(("main", "first", "live"), ((time - started) / 1e6 for time in times)), memory=memory)
+        result = dict(zip(("main", "first", "live"), (time - started for time in times)), memory=memory)
         if seconds:
             (median, most, count, duration), = frames
-            result.update(median=median / 1e6, percentile99=most / 1e6, rate=count / duration)
+            result.update(median=median, percentile99=most, rate=count / duration)
         return result
 
 
@@ -125,3 +131,28 @@ def headunit_times(build):
         frames[steps_a_state] = {key: statistics.median(run[key] for run in runs)
                                  for key in ("median", "percentile99", "rate")}
     return starts, frames
+
+
+def start_rows(platform, measured):
+    ours = measured["head unit"]
+    for key, label, limit in ADDED:
+        yield added(f"head unit, {platform}: process to the {label}", ours[key], measured["empty"][key],
+                    measured["added"][key], limit)
+    for peer, label, limit in MEMORY:
+        yield ratio(f"head unit, {platform}: private memory / {label}", ours["memory"], measured[peer]["memory"], limit,
+                    "kB")
+
+
+def frame_rows(steps_a_state, measured):
+    pace = f"states {STEPS_A_SECOND // steps_a_state} times a second"
+    for key, label, limit in FRAMES:
+        yield single(f"head unit, {pace}: GUI thread for a frame, {label}", measured[key], limit)
+    yield single(f"head unit, {pace}: frames a second", measured["rate"], unit="", least=LEAST_RATE)
+
+
+def rows(build):
+    starts, frames = headunit_times(build)
+    for platform, measured in starts.items():
+        yield from start_rows(platform, measured)
+    for steps_a_state, measured in frames.items():
+        yield from frame_rows(steps_a_state, measured)

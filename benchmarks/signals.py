@@ -5,6 +5,8 @@ import subprocess
 import sys
 import tempfile
 
+from rows import ratios, single
+
 # reader -> the transport of its writer
 READERS = {"read": "socket", "socket": "socket", "proxies": "socket", "qml": "socket", "dbus": "dbus", "grpc": "grpc"}
 # Values of a flood: up to a second each.
@@ -17,6 +19,37 @@ PACED_VALUES = 1000
 # About three seconds each.
 TIMER_VALUES = {"socket": 40000000, "proxies": 14000000, "qml": 2500000}
 RECONNECTIONS = 6
+# row, ours, peer, limit
+PACES = [("single", "a write each"), ("batches", "64 KiB writes")]
+RATE_ROWS = [
+    ("slot / `read(2)` loop", "proxies", "read", None),
+    ("slot / bare `QLocalSocket`", "proxies", "socket", None),
+    ("slot / Qt D-Bus", "proxies", "dbus", 1 / 10),
+    ("slot / gRPC stream", "proxies", "grpc", 1 / 3),
+    ("QML handler / `read(2)` loop", "qml", "read", None),
+    ("QML handler / Qt D-Bus", "qml", "dbus", None),
+]
+DELAYS = [("median", "median"), ("percentile99", "99 %")]
+DELAY_ROWS = [
+    ("slot / `read(2)` loop", "proxies", "read", None),
+    ("slot / bare `QLocalSocket`", "proxies", "socket", 1.3),
+    ("slot / Qt D-Bus", "proxies", "dbus", None),
+    ("slot / gRPC stream", "proxies", "grpc", None),
+    ("QML handler / `read(2)` loop", "qml", "read", None),
+    ("QML handler / bare `QLocalSocket`", "qml", "socket", None),
+    ("QML handler / Qt D-Bus", "qml", "dbus", None),
+]
+RATIOS = [
+    *((f"signals, {label}: {row}", f"{pace}/{ours}/time", f"{pace}/{peer}/time", limit)
+      for pace, label in PACES for row, ours, peer, limit in RATE_ROWS),
+    *((f"signals, delay, {label}: {row}", f"paced/{ours}/{what}", f"paced/{peer}/{what}", limit)
+      for what, label in DELAYS for row, ours, peer, limit in DELAY_ROWS),
+]
+OWN_READERS = [("proxies", "slot"), ("qml", "QML handler")]
+GAP_LIMIT = 20e6  # nanoseconds
+ALLOCATIONS_LIMIT = 1.01  # for a value: its bytes
+GROWTH_LIMIT = 256  # kilobytes
+RECONNECTION_LIMIT = 1.2e9  # nanoseconds
 
 
 class Signals:
@@ -86,3 +119,28 @@ def signal_times(build):
         times["growth"] = signals.run("proxies", "batches", MANY_VALUES)[0]["memory"]
         times["reconnection"] = signals.reconnection()
     return times
+
+
+def gap_rows(times):
+    for reader, name in OWN_READERS:
+        for what, label, limit in (("gap", "longest", GAP_LIMIT), ("medianGap", "median", None)):
+            yield single(f"signals, flood: {label} gap of a 1 ms timer, {name}", times[f"timer/{reader}/{what}"],
+                         limit if reader == "proxies" else None, peer=times[f"timer/socket/{what}"])
+
+
+def allocation_rows(times):
+    for pace, label in (("batches", "flood"), ("paced", "a thousand a second")):
+        for reader, name in OWN_READERS:
+            yield single(f"signals, {label}: allocations for a value, {name}", times[f"{pace}/{reader}/allocations"],
+                         ALLOCATIONS_LIMIT if reader == "proxies" else None, "",
+                         peer=times[f"{pace}/socket/allocations"])
+
+
+def rows(build):
+    times = signal_times(build)
+    yield from ratios(times, RATIOS)
+    yield from gap_rows(times)
+    yield from allocation_rows(times)
+    yield single("signals, 10 million values: private memory added after the first million", times["growth"],
+                 GROWTH_LIMIT, "kB")
+    yield single("signals, return of the service: 500 subscriptions", times["reconnection"] * 1e6, RECONNECTION_LIMIT)

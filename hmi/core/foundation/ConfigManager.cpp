@@ -74,12 +74,20 @@ bool ConfigManager::load(const QString& aFilePath)
     return true;
 }
 
-/** QSettings lists the key of "=value" and of "a//b=value", but takes them for others when asked for them. */
+/**
+ * QSettings lists the key of "=value" and of "a//b=value", but takes them for others when asked for them: each
+ * slash stands between other characters.
+ */
 static bool isKey(const QString& aKey)
 {
     const QLatin1Char slash('/');
-    return !aKey.isEmpty() && !aKey.startsWith(slash) && !aKey.endsWith(slash) &&
-           !aKey.contains(QLatin1String("//"));
+    QChar before = slash;
+    for (const QChar character : aKey) {
+        if (character == slash && before == slash)
+            return false;
+        before = character;
+    }
+    return before != slash;
 }
 
 bool ConfigManager::takeValues(const QSettings& aSettings, const QString& aBaseDirectory)

@@ -75,19 +75,19 @@ bool ConfigManager::load(const QString& aFilePath)
 }
 
 /**
- * QSettings lists the key of "=value" and of "a//b=value", but takes them for others when asked for them: each
- * slash stands between other characters.
+ * QSettings lists the key of "=value" and of "a//b=value", but takes them for others when asked for them:
+ * each slash stands between other characters.
  */
 static bool isKey(const QString& aKey)
 {
     const QLatin1Char slash('/');
-    QChar before = slash;
-    for (const QChar character : aKey) {
-        if (character == slash && before == slash)
+    int before = -1;
+    for (int at = aKey.indexOf(slash); at >= 0; at = aKey.indexOf(slash, at + 1)) {
+        if (at == before + 1)
             return false;
-        before = character;
+        before = at;
     }
-    return before != slash;
+    return before + 1 < aKey.size();
 }
 
 bool ConfigManager::takeValues(const QSettings& aSettings, const QString& aBaseDirectory)

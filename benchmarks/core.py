@@ -31,7 +31,8 @@ def host(build, name):
 
 def host_rows(build):
     pairs = [(host(build, "hmi_core_host"), host(build, "hmi_empty_host")) for _ in range(HOST_RUNS)]
-    for index, what, unit, limit in ((0, "time", "ns", HOST_TIME_LIMIT), (1, "private memory", "kB", HOST_MEMORY_LIMIT)):
+    for index, what, unit, limit in ((0, "time", "ns", HOST_TIME_LIMIT),
+                                     (1, "private memory", "kB", HOST_MEMORY_LIMIT)):
         # Of neighbouring runs, which the machine's other work slows alike.
         difference = statistics.median(ours[index] - empty[index] for ours, empty in pairs)
         yield added(f"core initialisation and types: {what} added",

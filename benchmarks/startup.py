@@ -1,4 +1,4 @@
-"""Measures whole processes from their start to their end: an application with all subsystems on, beside an empty one."""
+"""Measures whole processes from start to end: an application with all subsystems on, beside an empty one."""
 import json
 import os
 import statistics

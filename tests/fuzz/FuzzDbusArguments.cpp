@@ -100,9 +100,14 @@ private:
             return;
         mService.settle(); // its priority was asked for
         forget(id);
-        mShown.append({id, mListed.value(static_cast<uint>(id)).priority, type, typeId});
+        const auto isAbove = [=](const Shown& aShown) {
+            return static_cast<uint>(aShown.id) > static_cast<uint>(id);
+        };
+        const auto place = std::find_if(mShown.begin(), mShown.end(), isAbove);
+        const int priority = mListed.value(static_cast<uint>(id)).priority;
+        Shown& shown = *mShown.insert(place, {id, priority, type, typeId});
         if (hasLocation)
-            mShown.last().locate(true, latitude, longitude);
+            shown.locate(true, latitude, longitude);
     }
 
     void dismiss()
@@ -240,7 +245,7 @@ private:
         require(mModel->getCount() == mShown.size(), "what the service has is shown");
         for (int row = 0; row < mShown.size(); ++row)
             require(mShown.at(row).isAsIn(*mModel->at(row)),
-                    "each is shown as the service tells it, in order");
+                    "each is shown as the service tells it, in the order of ids");
         require(mWarnings.takeCount() <= 1, "a fault is reported once");
     }
 

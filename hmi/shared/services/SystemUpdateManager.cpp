@@ -63,26 +63,20 @@ void SystemUpdateManager::setServiceAvailable(bool aServiceAvailable)
 
 void SystemUpdateManager::setState(UpdateState aState)
 {
-    if (mState == aState)
-        return;
-    mState = aState;
-    emit stateChanged();
+    if (std::exchange(mState, aState) != aState)
+        emit stateChanged();
 }
 
 void SystemUpdateManager::setPercent(int aPercent)
 {
-    if (mPercent == aPercent)
-        return;
-    mPercent = aPercent;
-    emit percentChanged();
+    if (std::exchange(mPercent, aPercent) != aPercent)
+        emit percentChanged();
 }
 
 void SystemUpdateManager::setInstallPercent(int aPercent)
 {
-    if (mInstallPercent == aPercent)
-        return;
-    mInstallPercent = aPercent;
-    emit installPercentChanged();
+    if (std::exchange(mInstallPercent, aPercent) != aPercent)
+        emit installPercentChanged();
 }
 
 void SystemUpdateManager::checkForUpdates()

@@ -54,17 +54,6 @@ TestCase {
         compare(active, "driver");
     }
 
-    function test_aSettingOfEachProfileIsShownWhileItIsActive() {
-        SettingsManager.deviceName.value = "the driver's";
-        DataManager.addNewUserProfile("Anna");
-        DataManager.activeUserProfile = "Anna";
-        compare(SettingsManager.deviceName.value, "");
-        SettingsManager.deviceName.value = "Anna's";
-        DataManager.activeUserProfile = "driver";
-        compare(SettingsManager.deviceName.value, "the driver's");
-        DataManager.deleteUserProfile("Anna");
-    }
-
     function test_changesAreToldWhenTheyAreRequested() {
         userChanged.clear();
         DataManager.requestChangeSignalsForSettings(["CheckGlobal", "CheckUser"], "checks");

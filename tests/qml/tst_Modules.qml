@@ -48,13 +48,13 @@ TestCase {
         }
     }
 
-    function test_updateAndTasksStartAtTheBeginning() {
-        compare(SystemUpdateManager.state, SystemUpdateManager.UpdateStateNoneAvailable);
-        SystemUpdateManager.startDownload();
-        compare([SystemUpdateManager.percent, SystemUpdateManager.version].join(), "0,");
+    function test_tasksAndPhoneNumbersAreForScriptsToo() {
         const task = Qt.createQmlObject("import hmi.shared 1.0; TaskStatusReceiver {}", this);
         task.setProgress(100);
         compare(task.taskStatus, TaskStatusReceiver.TaskSucceeded);
+        compare(PhoneNumberUtility.stripSeparators("+1 (913) p 7"), "+1913p7");
+        compare(PhoneNumberUtility.format("913.742.0662"), "(913) 742-0662");
+        compare(PhoneNumberUtility.parseNorthAmericanNumberingPlan("1.913 742.0662").areaCode, "913");
     }
 
     function test_configurationComesFromTheNamedFile() {

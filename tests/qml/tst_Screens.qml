@@ -3,31 +3,18 @@ import QtTest 1.15
 import hmi.shared 1.0
 import Hmi.Core 1.0
 
-// What needs a window: prints of what is shown, key events, highlighting, measured strings.
+// What needs a window: screenshots, key events, actions and apps.
 Item {
     id: screen
     width: 200
     height: 100
     focus: true
 
-    Rectangle {
-        id: red
-        width: 40
-        height: 20
-        color: "red"
-    }
-
-    Image {
-        id: picture
-        cache: false
-    }
-
     SignalSpy { id: printed; target: PagePrintManager; signalName: "printed" }
     SignalSpy { id: pressed; target: HardwareButtonManager; signalName: "buttonPressed" }
     SignalSpy { id: longPressed; target: HardwareButtonManager; signalName: "buttonLongPressed" }
     SignalSpy { id: released; target: HardwareButtonManager; signalName: "buttonReleased" }
     SignalSpy { id: triggered; target: ActionManager; signalName: "actionTriggered" }
-    SignalSpy { id: restricted; target: RestrictedModeManager; signalName: "actionRestricted" }
 
     Repeater {
         id: apps
@@ -39,18 +26,9 @@ Item {
         name: "Screens"
         when: windowShown
 
-        function test_anItemIsPrintedInItsSize() {
-            printed.clear();
-            verify(PagePrintManager.print(red, "red.png"));
-            printed.wait();
-            picture.source = "file://" + printed.signalArguments[0][0];
-            tryCompare(picture, "status", Image.Ready);
-            compare(picture.sourceSize.width, 40);
-            compare(picture.sourceSize.height, 20);
-        }
-
         function test_aScreenshotIsNamedAfterItsTime() {
-            printed.clear();
+            ignoreWarning(/Cannot print to/);
+            compare(HmiShared.saveScreenshot(null), "");
             const path = HmiShared.saveScreenshot(screen);
             verify(/\/screenshot-\d{4}-\d\d-\d\d_\d\d_\d\d_\d\d_\d{3}\.png$/.test(path));
             printed.wait();
@@ -73,15 +51,11 @@ Item {
         }
 
         function test_anActionIsTriggeredWithItsArguments() {
-            triggered.clear();
             verify(ActionManager.addAction("dial"));
             verify(ActionManager.invoke("dial", { number: "742-0662" }));
             compare(triggered.signalArguments[0][0], "dial");
             compare(triggered.signalArguments[0][1].number, "742-0662");
-            compare(restricted.count, 0);
             ActionManager.removeAction("dial");
-            ignoreWarning(/The action "dial" is unknown/);
-            verify(!ActionManager.invoke("dial"));
         }
 
         function test_appsAreAModelAndOneIsShown() {
@@ -91,16 +65,6 @@ Item {
             compare(AppManager.currentApp.page, "");
             verify(AppManager.show("media"));
             compare(AppManager.currentApp.page, "qrc:/Media.qml");
-        }
-
-        function test_theHighlightIsGoneWithItsItem() {
-            HighlightManager.enabled = true;
-            const item = Qt.createQmlObject("import QtQuick 2.15; Item {}", screen);
-            HighlightManager.currentItem = item;
-            compare(HighlightManager.currentItem, item);
-            item.destroy();
-            tryVerify(() => HighlightManager.currentItem === null);
-            HighlightManager.enabled = false;
         }
     }
 }

@@ -5,12 +5,9 @@ import hmi.shared 1.0
 TestCase {
     name: "Vehicle"
 
-    readonly property int level: guidance.volume
-    readonly property bool silent: guidance.muted
     readonly property string warning: vehicle.fuelWarning === VehicleInformationPolicy.FuelWarningLow ? "low" : ""
 
     VehicleInformationPolicy { id: vehicle }
-    VolumePolicyBase { id: guidance }
 
     function test_bindingsFollowTheVehicle() {
         vehicle.setFuelWarning(VehicleInformationPolicy.FuelWarningLow);
@@ -21,14 +18,5 @@ TestCase {
         vehicle.setVehicleIdentificationNumber("V1");
         compare([vehicle.vehicleIdentificationNumber, vehicle.odometer, vehicle.airDrag], ["V1", 0, -1]);
         verify(vehicle.isFoursquareSupported() && vehicle.isTrafficMarketRegion() && !vehicle.isIgnoreTsrRegion());
-    }
-
-    function test_theGuidanceVolumeStaysInItsBounds() {
-        guidance.muted = true;
-        compare(silent, true);
-        guidance.volume = guidance.volumeMaximum - guidance.volumeIncrement;
-        compare([level, silent], [39, false]);
-        guidance.volume = 41;
-        compare([level, guidance.volumeMinimum], [39, 0]);
     }
 }

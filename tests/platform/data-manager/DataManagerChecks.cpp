@@ -263,15 +263,6 @@ TEST_F(DataManagerOperations, FollowTheConfiguration)
 
 using DataManagerWorkers = DataManagerOperations;
 
-TEST_F(DataManagerWorkers, StartTheStore)
-{
-    HmiTest::writeFile(folder, "DataManagerConf.ini", "");
-    QFuture<int> startUp = DataManager::StartUpAsync(configuration());
-    EXPECT_EQ(startUp.result(), DataManager::Ok);
-    EXPECT_TRUE(DataManager::IsStarted());
-    EXPECT_EQ(Settings::setGlobalSetting(text("id"), 4), DataManager::Ok);
-}
-
 TEST_F(DataManagerWorkers, KeepTheLogShortWhileItIsWritten)
 {
     ASSERT_EQ(start(), DataManager::Ok);

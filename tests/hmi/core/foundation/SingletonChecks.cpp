@@ -9,7 +9,6 @@
 
 #include <hmi/core/foundation/SingletonCpp.h>
 #include <hmi/core/foundation/SingletonCppQml.h>
-#include <hmi/core/foundation/SingletonQml.h>
 
 using namespace Hmi::Core;
 
@@ -36,11 +35,6 @@ struct Ordered : SingletonCppQml<Ordered<Number>>
         if (Number == 2)
             Ordered<3>::instance();
     }
-};
-
-struct PerEngine : SingletonQml<PerEngine>
-{
-    PerEngine(QQmlEngine*, QJSEngine*) {}
 };
 
 struct Hurried : SingletonCpp<Hurried>
@@ -112,13 +106,6 @@ TEST(Singleton, HandedToAnEngineBelongsToIt)
     EXPECT_EQ(createdByEngine->engine, engine.get());
     engine.reset();
     EXPECT_TRUE(createdByEngine.isNull());
-}
-
-TEST(Singleton, OfTheQmlKindIsAnotherObjectForEachEngine)
-{
-    const std::unique_ptr<QObject> first(PerEngine::registerInstance(nullptr, nullptr));
-    const std::unique_ptr<QObject> second(PerEngine::registerInstance(nullptr, nullptr));
-    EXPECT_NE(first, second);
 }
 
 TEST(SingletonDeathTest, NativelyOwnedOnesDieLastCreatedFirst)

@@ -2,34 +2,16 @@
 
 #include <hmi/shared/application/PageSetPolicyBase.h>
 
-using Hmi::Shared::PageSetPolicyBase;
-
-namespace {
-
-class ProductPolicy : public PageSetPolicyBase
+TEST(PageSetPolicy, SucceedsWithNothingAndKeepsWhatAProductNames)
 {
-public:
-    using PageSetPolicyBase::PageSetPolicyBase;
-    bool loadPageSet() override
+    struct Product : Hmi::Shared::PageSetPolicyBase
     {
-        setPlaceholder(QStringLiteral("region"), QStringLiteral("eu"));
-        return false;
-    }
-};
-
-} // namespace
-
-TEST(PageSetPolicy, NamesItsPagesAndLoadsNothingUnlessAProductDoes)
-{
-    QObject parent;
-    auto* const product = new ProductPolicy(&parent, QStringLiteral("TestPageSet"));
-    PageSetPolicyBase base;
-    EXPECT_EQ(base.getPageSet(), QString());
-    EXPECT_TRUE(!base.hasAdditionalPages() && base.loadPageSet() && base.setUpTheme());
-    EXPECT_TRUE(base.getPlaceholders().isEmpty());
-
-    PageSetPolicyBase& policy = *product;
-    EXPECT_EQ(policy.getPageSet(), QStringLiteral("TestPageSet"));
-    EXPECT_TRUE(!policy.loadPageSet() && policy.setUpTheme());
-    EXPECT_EQ(policy.getPlaceholders().value(QStringLiteral("region")), QStringLiteral("eu"));
+        Product() : PageSetPolicyBase(nullptr, QStringLiteral("pages"))
+        {
+            setPlaceholder(QStringLiteral("region"), QStringLiteral("eu"));
+        }
+    } policy;
+    EXPECT_TRUE(!policy.hasAdditionalPages() && policy.loadPageSet() && policy.setUpTheme());
+    EXPECT_EQ(policy.getPageSet() + policy.getPlaceholders().value(QStringLiteral("region")),
+              QStringLiteral("pageseu"));
 }

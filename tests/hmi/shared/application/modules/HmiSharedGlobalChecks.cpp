@@ -5,11 +5,8 @@
 #include <gtest/gtest.h>
 #include <hmi/core/foundation/HmiCoreConfigs.h>
 #include <hmi/core/language/LanguageManager.h>
-#include <hmi/shared/application/modules/PagePrintManager.h>
-#include <tests/support/ExpectedMessages.h>
 
 using Hmi::Shared::HmiSharedGlobal;
-using Hmi::Shared::PagePrintManager;
 
 namespace {
 
@@ -51,9 +48,9 @@ TEST_F(SharedGlobal, ComparesAsAReaderOfTheCurrentLocaleDoes)
     };
     for (const auto& row : rows) {
         QLocale::setDefault(QLocale(QLatin1String(row.locale)));
-        EXPECT_LT(HmiSharedGlobal::instance()->localeAwareCompare(row.lower, row.higher), 0) << row.locale;
-        EXPECT_GT(HmiSharedGlobal::instance()->localeAwareCompare(row.higher, row.lower), 0) << row.locale;
-        EXPECT_EQ(HmiSharedGlobal::instance()->localeAwareCompare(row.lower, row.lower), 0) << row.locale;
+        EXPECT_LT(mGlobal->localeAwareCompare(row.lower, row.higher), 0) << row.locale;
+        EXPECT_GT(mGlobal->localeAwareCompare(row.higher, row.lower), 0) << row.locale;
+        EXPECT_EQ(mGlobal->localeAwareCompare(row.lower, row.lower), 0) << row.locale;
     }
 }
 
@@ -88,13 +85,4 @@ TEST_F(SharedGlobal, KnowsTheLanguageOfEachCode)
     for (const QString& code : codes.split(QLatin1Char(' ')))
         EXPECT_EQ(mGlobal->convertLanguage(code), QLocale(code).language()) << qPrintable(code);
     EXPECT_EQ(mGlobal->convertLanguage(QStringLiteral("en_ZA")), QLocale::AnyLanguage);
-}
-
-TEST_F(SharedGlobal, NamesAScreenshotAfterItsTimeAndReturnsNoPathWithoutAWindow)
-{
-    HmiTest::expectMessageMatching(
-        QtWarningMsg,
-        QStringLiteral("Cannot print to \"screenshot-\\d{4}(-\\d\\d){2}(_\\d\\d){3}_\\d{3}\\.png\": .*"));
-    EXPECT_EQ(HmiSharedGlobal::instance()->saveScreenshot(nullptr), QString());
-    delete PagePrintManager::instance();
 }

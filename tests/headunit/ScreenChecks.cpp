@@ -92,6 +92,7 @@ TEST_F(HeadUnitScreens, KeepTheSettingsOfEachProfile)
     ASSERT_TRUE(unit().click("Reset"));
     ASSERT_TRUE(unit().reads("Distances", "Kilometres"));
     ASSERT_TRUE(unit().measures("Guidance volume", 10));
+    ASSERT_TRUE(unit().isBright(true));
     ASSERT_TRUE(unit().choose("Profile", "Anna B"));
     ASSERT_TRUE(unit().reads("Sprache", "Deutsch"));
     ASSERT_TRUE(unit().isChecked("Ansagen stummschalten", true));
@@ -209,6 +210,10 @@ TEST_F(HeadUnitScreens, LimitWhatTheDriverMayDo)
     vehicle("Cabin.Lights.IsNight", "true");
     ASSERT_TRUE(unit().isBright(false));
     ASSERT_TRUE(unit().choose("Theme", "Day"));
+    ASSERT_TRUE(unit().isBright(true));
+    ASSERT_TRUE(unit().choose("Theme", "Automatic"));
+    ASSERT_TRUE(unit().isBright(false));
+    vehicle("Cabin.Lights.IsNight", "false");
     ASSERT_TRUE(unit().isBright(true));
     shiftTo("P");
     ASSERT_TRUE(unit().hides("Restricted"));

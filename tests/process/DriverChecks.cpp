@@ -77,50 +77,25 @@ TEST_F(Driver, WithoutItsBundleReturnsMinusOneAndRunsNoCheck)
     ASSERT_TRUE(bundle.open(QFile::ReadOnly));
     const QByteArray good = bundle.readAll();
     bundle.close();
-    const std::vector<QByteArray> damaged = {QByteArray(), good.left(19), good.left(good.size() / 2),
-                                             good.left(good.size() - 1),
-                                             QByteArray("no bundle at all, just text")};
-    const auto expectRefused = [this](const char* aWhat) {
-        const ChildProcess child = run();
-        EXPECT_TRUE(child.ended) << aWhat;
-        EXPECT_EQ(child.status, 255) << aWhat;
-        EXPECT_TRUE(
-            child.output.contains(QStringLiteral("Unable to load 'hmi_shared_test_theme_shared.rcc'")))
-            << qPrintable(child.output);
-        EXPECT_FALSE(child.output.contains(QStringLiteral("EventRing"))) << aWhat;
-    };
-    for (const QByteArray& content : damaged) {
-        replace(mBundle, content);
-        expectRefused(content.left(20).constData());
-    }
-    ASSERT_TRUE(QFile::remove(mBundle));
-    expectRefused("missing");
-    ASSERT_TRUE(QDir().mkpath(mBundle));
-    expectRefused("a folder in its place");
+    replace(mBundle, good.left(good.size() / 2));
+    const ChildProcess child = run();
+    EXPECT_TRUE(child.ended);
+    EXPECT_EQ(child.status, 255);
+    EXPECT_TRUE(child.output.contains(QStringLiteral("Unable to load 'hmi_shared_test_theme_shared.rcc'")))
+        << qPrintable(child.output);
+    EXPECT_FALSE(child.output.contains(QStringLiteral("EventRing")));
 }
 
 TEST_F(Driver, TellsWhatIsWrongWithItsConfigurationAndGoesOnWithDefaults)
 {
     // Without a configuration the theme folder is the default one, so the bundle goes beside the driver.
     ASSERT_TRUE(QFile::rename(mBundle, mFolder.filePath(QStringLiteral("hmi_shared_test_theme_shared.rcc"))));
-    const auto expectMessage = [this](const QString& aMessage) {
-        const ChildProcess child = run();
-        EXPECT_TRUE(child.ended);
-        EXPECT_EQ(child.status, 0) << qPrintable(child.output);
-        EXPECT_TRUE(child.output.contains(QRegularExpression(aMessage))) << qPrintable(child.output);
-        EXPECT_TRUE(child.output.contains(
-            QRegularExpression(QStringLiteral("HmiCore/IntervalPressAndHold +default +800\n"))));
-    };
-    replace(mConfiguration, QByteArray());
-    expectMessage(QStringLiteral("Configuration file: /"));
-    replace(mConfiguration, QByteArray("\x7f"
-                                       "ELF\0\1\2\xff\xfe",
-                                       9)
-                                .repeated(500));
-    expectMessage(QStringLiteral("hmi_shared_test\\.ini, has lines that are not"));
     ASSERT_TRUE(QFile::remove(mConfiguration));
-    expectMessage(QStringLiteral("hmi_shared_test\\.ini, could not be loaded because it does not exist\\."));
-    ASSERT_TRUE(QDir().mkpath(mConfiguration));
-    expectMessage(
-        QStringLiteral("hmi_shared_test\\.ini, could not be loaded because it is not a regular file\\."));
+    const ChildProcess child = run();
+    EXPECT_TRUE(child.ended);
+    EXPECT_EQ(child.status, 0) << qPrintable(child.output);
+    for (const char* line : {"hmi_shared_test\\.ini, could not be loaded because it does not exist\\.",
+                             "HmiCore/IntervalPressAndHold +default +800\n"})
+        EXPECT_TRUE(child.output.contains(QRegularExpression(QString::fromLatin1(line))))
+            << qPrintable(child.output);
 }

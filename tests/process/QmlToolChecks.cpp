@@ -1,9 +1,9 @@
 #include "ChildProcess.h"
+#include "QmlScreen.h"
 
 #include <QDir>
 #include <QFile>
 #include <QImage>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -17,36 +17,21 @@ class QmlTool : public testing::Test
 protected:
     QString write(const QByteArray& aContent) const
     {
-        QFile file(mFolder.filePath(QStringLiteral("Screen.qml")));
-        EXPECT_TRUE(file.open(QFile::WriteOnly) && file.write(aContent) == aContent.size());
-        return file.fileName();
-    }
-
-    static QProcessEnvironment environmentWith(const QString& aConfig)
-    {
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        for (const QString& entry : QStringLiteral(HMI_QML_TOOL_ENVIRONMENT).split(QLatin1Char('|')))
-            environment.insert(entry.section(QLatin1Char('='), 0, 0), entry.section(QLatin1Char('='), 1));
-        environment.remove(QStringLiteral("HMI_CONFIG"));
-        if (!aConfig.isEmpty())
-            environment.insert(QStringLiteral("HMI_CONFIG"), aConfig);
-        return environment;
+        HmiTest::writeFile(mFolder, "Check.qml", aContent);
+        return mFolder.filePath(QStringLiteral("Check.qml"));
     }
 
     ChildProcess run(const char* aTool, const QStringList& aArguments,
                      const QString& aConfig = QString()) const
     {
         return ChildProcess::run(QStringLiteral(HMI_QT_TOOLS "/") + QLatin1String(aTool), aArguments,
-                                 environmentWith(aConfig), mFolder.path());
+                                 qmlToolEnvironment(aConfig), mFolder.path());
     }
 
-    /** The configuration of a host with user data, in the check's folder. */
-    QString configureStore() const
+    /** The configuration "host.ini" in the check's folder. */
+    QString configure(const QByteArray& aContent) const
     {
-        HmiTest::writeFile(mFolder, "DataManagerConf.ini", "[Storage]\n");
-        HmiTest::writeFile(
-            mFolder, "host.ini",
-            "[HmiShared]\nDataManagerEnabled=true\nDataManagerConfigPath=DataManagerConf.ini\n");
+        HmiTest::writeFile(mFolder, "host.ini", aContent);
         return mFolder.filePath(QStringLiteral("host.ini"));
     }
 
@@ -64,9 +49,7 @@ QByteArray screen(const QByteArray& aImports, const QByteArray& aExpression)
 
 TEST_F(QmlTool, LoadsTheModulesInEveryOrderAndReadsItsConfiguration)
 {
-    QFile config(mFolder.filePath(QStringLiteral("desk.ini")));
-    ASSERT_TRUE(config.open(QFile::WriteOnly) && config.write("[HmiCore]\nIntervalPressAndHold=123\n") > 0);
-    config.close();
+    const QString config = configure("[HmiCore]\nIntervalPressAndHold=123\n");
     const QByteArray core = "import Hmi.Core 1.0\n";
     const QByteArray shared = "import hmi.shared 1.0\n";
     const QByteArray value = "HmiCore.configs.getIntervalPressAndHold()";
@@ -75,7 +58,7 @@ TEST_F(QmlTool, LoadsTheModulesInEveryOrderAndReadsItsConfiguration)
                                              screen(shared, "123, HmiShared.settingsFileName")};
     for (const QByteArray& text : screens)
         for (const char* tool : {"qml", "qmlscene"}) {
-            const ChildProcess child = run(tool, {write(text)}, config.fileName());
+            const ChildProcess child = run(tool, {write(text)}, config);
             EXPECT_TRUE(child.ended && child.status == 0)
                 << tool << text.constData() << qPrintable(child.output);
             EXPECT_TRUE(child.output.contains(QStringLiteral("123"))) << tool << qPrintable(child.output);
@@ -104,54 +87,25 @@ TEST_F(QmlTool, HasDefaultSettingsButNoDataManagerWhereThatIsNotEnabled)
 TEST_F(QmlTool, ShowsAtOnceWhatAnotherProcessSet)
 {
     ASSERT_TRUE(HmiTest::PrivateBus::start());
-    const QString config = configureStore();
-    QProcess shown;
-    shown.setProcessEnvironment(environmentWith(config));
-    shown.setProcessChannelMode(QProcess::MergedChannels);
-    shown.start(
-        QStringLiteral(HMI_QT_TOOLS "/qml"),
-        {write("import QtQuick 2.15\nimport hmi.shared 1.0\n"
-               "Text { text: SettingsManager.timeFormat.value + ' of ' + DataManager.activeUserProfile\n"
-               "  onTextChanged: console.log('shown', text) }\n")});
-    QByteArray output;
-    const auto waitFor = [&](const QByteArray& aText) {
-        while (!output.contains(aText) && shown.waitForReadyRead(20000))
-            output += shown.readAll();
-        return output.contains(aText);
-    };
-    EXPECT_TRUE(waitFor("shown h:mm ap of driver\n")) << output.constData();
+    HmiTest::writeFile(mFolder, "DataManagerConf.ini", "[Storage]\n");
+    const QString config =
+        configure("[HmiShared]\nDataManagerEnabled=true\nDataManagerConfigPath=DataManagerConf.ini\n");
+    QmlScreen shown(mFolder, "Text { text: SettingsManager.timeFormat.value + ' of ' + "
+                             "DataManager.activeUserProfile\n onTextChanged: console.log(text) }\n");
+    EXPECT_TRUE(shown.says("h:mm ap of driver"));
     const auto set = [&](const QByteArray& aStatement) {
-        QFile file(mFolder.filePath(QStringLiteral("Other.qml")));
-        EXPECT_TRUE(file.open(QFile::WriteOnly) &&
-                    file.write(screen("import hmi.shared 1.0\n", aStatement)) > 0);
-        file.close();
-        const ChildProcess other = run("qml", {file.fileName()}, config);
+        const ChildProcess other = run("qml", {write(screen("import hmi.shared 1.0\n", aStatement))}, config);
         EXPECT_EQ(other.status, 0) << qPrintable(other.output);
     };
     set("SettingsManager.timeFormat.value = 'HH:mm'");
-    EXPECT_TRUE(waitFor("shown HH:mm of driver\n")) << output.constData();
+    EXPECT_TRUE(shown.says("HH:mm of driver"));
     set("DataManager.addNewUserProfile('Anna').error, DataManager.activeUserProfile = 'Anna'");
-    EXPECT_TRUE(waitFor("shown h:mm ap of Anna\n")) << output.constData();
-    EXPECT_EQ(output.count("shown HH:mm of driver"), 1);
-    shown.kill();
-    shown.waitForFinished();
-}
-
-TEST_F(QmlTool, NamesFileAndLineOfAnUnknownMember)
-{
-    const ChildProcess assigned = run("qml", {write("import QtQuick 2.15\nimport Hmi.Core 1.0\n"
-                                                    "HandleDefaultsResource { noSuchMember: 1 }\n")});
-    EXPECT_NE(assigned.status, 0);
-    EXPECT_TRUE(assigned.output.contains(QRegularExpression(QStringLiteral("Screen\\.qml:3.*noSuchMember"))))
-        << qPrintable(assigned.output);
+    EXPECT_TRUE(shown.says("h:mm ap of Anna"));
+    EXPECT_FALSE(shown.getBefore().contains("HH:mm of driver")) << "told once";
 }
 
 TEST_F(QmlTool, PrintsAnItemAsItIsShown)
 {
-    QFile config(mFolder.filePath(QStringLiteral("print.ini")));
-    ASSERT_TRUE(config.open(QFile::WriteOnly) &&
-                config.write("[HmiShared]\nScreenSnapshotPath=prints/new\n") > 0);
-    config.close();
     const ChildProcess child =
         run("qml",
             {write("import QtQuick 2.15\nimport QtQuick.Window 2.15\nimport hmi.shared 1.0\n"
@@ -160,7 +114,7 @@ TEST_F(QmlTool, PrintsAnItemAsItIsShown)
                    "    Rectangle { width: 30; height: 40; color: 'blue' } }\n"
                    "  Connections { target: PagePrintManager; function onPrinted() { Qt.quit(); } }\n"
                    "  onFrameSwapped: PagePrintManager.print(page, 'page.png') }\n")},
-            config.fileName());
+            configure("[HmiShared]\nScreenSnapshotPath=prints/new\n"));
     EXPECT_EQ(child.status, 0) << qPrintable(child.output);
     const QImage page(mFolder.filePath(QStringLiteral("prints/new/page.png")));
     EXPECT_EQ(page.size(), QSize(60, 40));

@@ -1,3 +1,4 @@
+#include "QmlScreen.h"
 #include "Simulator.h"
 
 #include <QQmlComponent>
@@ -12,58 +13,14 @@
 
 using HmiTest::waitUntil;
 
-namespace {
-
-/** Qt's QML tool with a screen, which says what it sees. */
-class Screen
-{
-public:
-    Screen(const QTemporaryDir& aFolder, const QByteArray& aContent)
-    {
-        HmiTest::writeFile(aFolder, "Screen.qml", "import QtQuick 2.15\nimport hmi.shared 1.0\n" + aContent);
-        HmiTest::writeFile(aFolder, "host.ini",
-                           "[HmiShared]\nSignalServiceEnabled=true\nSignalServicePath=signals\n");
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        for (const QString& entry : QStringLiteral(HMI_QML_TOOL_ENVIRONMENT).split(QLatin1Char('|')))
-            environment.insert(entry.section(QLatin1Char('='), 0, 0), entry.section(QLatin1Char('='), 1));
-        environment.insert(QStringLiteral("HMI_CONFIG"), aFolder.filePath(QStringLiteral("host.ini")));
-        mProcess.setProcessEnvironment(environment);
-        mProcess.setProcessChannelMode(QProcess::MergedChannels);
-        mProcess.start(QStringLiteral(HMI_QT_TOOLS "/qml"), {aFolder.filePath(QStringLiteral("Screen.qml"))});
-    }
-    ~Screen()
-    {
-        mProcess.kill();
-        mProcess.waitForFinished();
-    }
-
-    /** Whether the line comes; what came before it is forgotten. */
-    bool says(const QByteArray& aLine)
-    {
-        int found = -1;
-        const bool said = waitUntil([&] {
-            mOutput += mProcess.readAll();
-            found = mOutput.indexOf("qml: " + aLine + '\n');
-            return found >= 0;
-        });
-        EXPECT_TRUE(said) << mOutput.toStdString();
-        mOutput.remove(0, found + aLine.size());
-        return said;
-    }
-
-private:
-    QProcess mProcess;
-    QByteArray mOutput;
-};
-
-} // namespace
-
 TEST(VehicleSignals, ReachScreensAndAreWrittenByThem)
 {
     const QTemporaryDir folder;
     const QString socket = folder.filePath(QStringLiteral("signals"));
+    HmiTest::writeFile(folder, "host.ini",
+                       "[HmiShared]\nSignalServiceEnabled=true\nSignalServicePath=signals\n");
     // The service is not there yet.
-    Screen screen(folder, R"(
+    QmlScreen screen(folder, R"(
 Item {
     RxSignalProxy {
         id: reader
@@ -133,82 +90,54 @@ Item {
     EXPECT_TRUE(screen.says("Speed 50")) << "subscribed again";
 }
 
-TEST(VehicleSignals, MoveTheBindingsOfAProductsPolicy)
+TEST(VehicleSignals, MoveTheBindingsOfAProductsPolicyAndAreUnknownWhileTheLineIsLost)
 {
     const QTemporaryDir folder;
     HmiTest::writeFile(folder, "product.ini", "[VehicleSignals]\nGear=Car.Gear\n");
     Hmi::Core::ConfigManager config;
     ASSERT_TRUE(config.load(folder.filePath(QStringLiteral("product.ini"))));
     const QString socket = folder.filePath(QStringLiteral("signals"));
-    Simulator simulator(socket);
-    const auto transport = std::make_shared<SignalService::TransportProxy>(socket);
-    SignalVehiclePolicy vehicle(transport, VehicleSignalConfigs(config));
-    Hmi::Core::RestrictedModeManager restriction;
-    restriction.setPolicy(vehicle.getRestrictedModePolicy());
-
-    QQmlEngine engine;
-    engine.rootContext()->setContextProperty(QStringLiteral("vehicle"), &vehicle);
-    engine.rootContext()->setContextProperty(QStringLiteral("restriction"), &restriction);
-    QQmlComponent component(&engine);
-    component.setData(
-        "import QtQml 2.15\nQtObject { property string line: [vehicle.odometer, vehicle.fuelRange,"
-        "vehicle.vehicleMoving, vehicle.gear, restriction.restrictedModeOn].join() }",
-        QUrl());
-    const std::unique_ptr<QObject> screen(component.create());
-    ASSERT_TRUE(screen) << component.errorString().toStdString();
-
-    const std::pair<QByteArray, QString> rows[] = {
-        {"set Vehicle.TraveledDistance 12.3456", QStringLiteral("12346,-1,false,,false")},
-        {"set Vehicle.Powertrain.Range 423000", QStringLiteral("12346,423000,false,,false")},
-        {"set Vehicle.IsMoving true", QStringLiteral("12346,423000,true,,false")},
-        {"set Car.Gear D", QStringLiteral("12346,423000,true,D,true")},
-        {"set Car.Gear P", QStringLiteral("12346,423000,true,P,false")}};
-    for (const auto& [command, line] : rows) {
-        simulator.command(command);
-        EXPECT_TRUE(waitUntil([&] { return screen->property("line") == line; }))
-            << command.constData() << ": " << screen->property("line").toString().toStdString();
-    }
-}
-
-TEST(VehicleSignals, AreUnknownToAProductsPolicyWhileTheLineIsLost)
-{
-    const QTemporaryDir folder;
-    Hmi::Core::ConfigManager config;
-    const QString socket = folder.filePath(QStringLiteral("signals"));
     auto simulator = std::make_unique<Simulator>(socket);
     SignalVehiclePolicy vehicle(std::make_shared<SignalService::TransportProxy>(socket),
                                 VehicleSignalConfigs(config));
     Hmi::Core::RestrictedModeManager restriction;
     restriction.setPolicy(vehicle.getRestrictedModePolicy());
-    const auto line = [&] {
-        const double numbers[] = {vehicle.getSpeed(), vehicle.getTripDistance(), vehicle.getAirTemperature(),
-                                  vehicle.getDrivenDistance()};
-        QString text = vehicle.getGear();
-        for (const double number : numbers)
-            text += QLatin1Char(' ') + QString::number(number);
-        return text + (vehicle.getNight() ? QStringLiteral(" night") : QString()) +
-               (vehicle.getOnline() ? QString() : QStringLiteral(" away")) +
-               (restriction.isRestrictedModeOn() ? QStringLiteral(" restricted") : QString());
-    };
+
+    QQmlEngine engine;
+    engine.rootContext()->setContextProperty(QStringLiteral("v"), &vehicle);
+    engine.rootContext()->setContextProperty(QStringLiteral("restriction"), &restriction);
+    QQmlComponent component(&engine);
+    component.setData(
+        "import QtQml 2.15\nQtObject { property string line: [v.gear, v.speed, v.tripDistance, "
+        "v.airTemperature, v.drivenDistance, v.odometer, v.fuelRange].join(' ') + (v.vehicleMoving ? "
+        "' moving' : '') + (v.night ? ' night' : '') + (v.online ? '' : ' away') + "
+        "(restriction.restrictedModeOn ? ' restricted' : '') }",
+        QUrl());
+    const std::unique_ptr<QObject> screen(component.create());
+    ASSERT_TRUE(screen) << component.errorString().toStdString();
+
     const std::pair<QByteArray, const char*> rows[] = {
-        {"set Vehicle.Speed 12.5", " 12.5 nan nan nan"},
-        {"set Vehicle.TripMeterReading 1.5", " 12.5 1500 nan nan"},
-        {"set Vehicle.Exterior.AirTemperature -7.5", " 12.5 1500 -7.5 nan"},
-        {"set Vehicle.TraveledDistance 100.0", " 12.5 1500 -7.5 0"},
-        {"set Vehicle.TraveledDistance 100.25", " 12.5 1500 -7.5 250"},
-        {"set Vehicle.Cabin.Lights.IsNight true", " 12.5 1500 -7.5 250 night"},
-        {"set Vehicle.Powertrain.Transmission.SelectedGear P", "P 12.5 1500 -7.5 250 night"},
-        {"quit", " nan 1500 -7.5 250 night away restricted"},
-        {"", " nan 1500 -7.5 250 night restricted"},
-        {"set Vehicle.Powertrain.Transmission.SelectedGear P", "P nan 1500 -7.5 250 night"},
-        {"set Vehicle.Speed 3.5", "P 3.5 1500 -7.5 250 night"},
+        {"set Vehicle.Speed 12.5", " 12.5 NaN NaN NaN 0 -1"},
+        {"set Vehicle.TripMeterReading 1.5", " 12.5 1500 NaN NaN 0 -1"},
+        {"set Vehicle.Exterior.AirTemperature -7.5", " 12.5 1500 -7.5 NaN 0 -1"},
+        {"set Vehicle.TraveledDistance 100.0006", " 12.5 1500 -7.5 0 100001 -1"},
+        {"set Vehicle.TraveledDistance 100.25", " 12.5 1500 -7.5 249 100250 -1"},
+        {"set Vehicle.Powertrain.Range 423000", " 12.5 1500 -7.5 249 100250 423000"},
+        {"set Vehicle.IsMoving true", " 12.5 1500 -7.5 249 100250 423000 moving"},
+        {"set Vehicle.Cabin.Lights.IsNight true", " 12.5 1500 -7.5 249 100250 423000 moving night"},
+        {"set Car.Gear D", "D 12.5 1500 -7.5 249 100250 423000 moving night restricted"},
+        {"set Car.Gear P", "P 12.5 1500 -7.5 249 100250 423000 moving night"},
+        {"quit", " NaN 1500 -7.5 249 100250 423000 moving night away restricted"},
+        {"", " NaN 1500 -7.5 249 100250 423000 moving night restricted"},
+        {"set Car.Gear P", "P NaN 1500 -7.5 249 100250 423000 moving night"},
+        {"set Vehicle.Speed 3.5", "P 3.5 1500 -7.5 249 100250 423000 moving night"},
     };
-    for (const auto& [command, expected] : rows) {
+    for (const auto& [command, line] : rows) {
         if (command.isEmpty())
             simulator = std::make_unique<Simulator>(socket);
         else
             simulator->command(command);
-        EXPECT_TRUE(waitUntil([&, text = expected] { return line() == QLatin1String(text); }))
-            << command.constData() << ": " << line().toStdString();
+        EXPECT_TRUE(waitUntil([&, text = line] { return screen->property("line") == QLatin1String(text); }))
+            << command.constData() << ": " << screen->property("line").toString().toStdString();
     }
 }

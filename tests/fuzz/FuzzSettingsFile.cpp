@@ -5,6 +5,7 @@
 #include <QJsonObject>
 #include <QLoggingCategory>
 #include <QVector>
+#include <cmath>
 
 #include <hmi/shared/application/modules/HmiSharedGlobal.h>
 #include <hmi/shared/settings/SettingsManager.h>
@@ -104,9 +105,10 @@ void checkTypes(const QVector<QVariant>& aValues)
 {
     for (int index = 0; index < aValues.size(); ++index) {
         require(aValues.at(index).type() == rows().at(index).valueType, "a setting keeps its type");
+        const QString text = aValues.at(index).toString();
         require(rows().at(index).type != Setting::SettingTypeString ||
-                    aValues.at(index).toString().size() <= Setting::MaximumLength,
-                "texts are of a bounded length");
+                    (text.size() <= Setting::MaximumLength && text.isValidUtf16()),
+                "texts are of whole characters and a bounded length");
     }
 }
 
@@ -150,6 +152,10 @@ void checkImport(const QByteArray& aContent, HmiFuzz::Warnings& aWarnings)
     if (document.isObject()) {
         require(imported || count > 0, "what is refused is said");
         require(count <= document.object().size(), "a member is reported once");
+        const QJsonValue number = document.object().value(QLatin1String("b"));
+        const int taken = settings().all().at(1)->getValue().toInt();
+        require(!number.isDouble() || taken == rows().at(1).value || std::abs(taken - number.toDouble()) < 1,
+                "a number is taken as it is, or not at all");
         return;
     }
     require(!imported && count == 1, "what is no object is refused, with one warning");

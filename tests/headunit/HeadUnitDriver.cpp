@@ -71,7 +71,7 @@ void HeadUnitDriver::startServices()
     EXPECT_TRUE(mServices->says("serving com.korvex.BugReport"));
 }
 
-HeadUnitDriver::Result HeadUnitDriver::start()
+void HeadUnitDriver::launch()
 {
     auto environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("DISPLAY"), mScreen.getName());
@@ -86,6 +86,11 @@ HeadUnitDriver::Result HeadUnitDriver::start()
     mProcess.setProcessEnvironment(environment);
     mProcess.setProcessChannelMode(QProcess::MergedChannels);
     mProcess.start(QStringLiteral(HMI_HEADUNIT), {getFolder("headunit.ini")});
+}
+
+HeadUnitDriver::Result HeadUnitDriver::start()
+{
+    launch();
     return verdict(find([](const Element& aElement) { return sRail.contains(aElement.area); }).has_value(),
                    QStringLiteral("the rail"));
 }

@@ -43,6 +43,12 @@ public:
     /** A folder of the head unit: "reports" or "exported-reports". */
     QString getFolder(const char* aName) const { return mFolder.filePath(QLatin1String(aName)); }
 
+    /** The progress that another program's installation has, for which the start waits. */
+    void setInstallation(const QByteArray& aProgress)
+    {
+        HmiTest::writeFile(mFolder, "installation", aProgress);
+    }
+    void launch();
     /** Until the first screen shows. */
     Result start();
     /** SIGTERM, upon which it has to end in order. */

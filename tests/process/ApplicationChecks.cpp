@@ -114,6 +114,7 @@ TEST_F(ApplicationProcess, EndsInOrderHoweverItIsAsked)
     const std::string usual = sUsualOutput;
     const Row rows[] = {{"quit", 0, "map up;radio up;screens;settings false 3;"},
                         {"request-after-init", 0, "map up;radio up;screens;settings false 3;screens gone;"},
+                        {"trim quit", 0, "map up;radio up;screens;trimmed 1;settings false 3;"},
                         {"", SIGINT, usual},
                         {"task", SIGTERM, usual},
                         {"task task-waits", SIGTERM, "started;"},

@@ -1,6 +1,8 @@
 // An application of a product that does what the environment variable PROBE says, and prints what happens to
 // it.
 #include <QDir>
+#include <QPixmap>
+#include <QPixmapCache>
 #include <QQmlComponent>
 #include <QTimer>
 #include <csignal>
@@ -107,6 +109,11 @@ protected:
     }
     void postInit() override
     {
+        if (isWanted("trim")) {
+            QPixmapCache::insert(QStringLiteral("picture"), QPixmap(1, 1));
+            handleTrimMemoryQtThread(MemoryLevelBackgroundMajor);
+            say(QStringLiteral("trimmed %1").arg(!QPixmapCache::find(QStringLiteral("picture"), nullptr)));
+        }
         smPostInitCallbackHandler.addCallback([] { say(QStringLiteral("callback")); });
         handleApplicationStartupComplete(true);
         const SettingsManager* const settings = SettingsManager::instance();

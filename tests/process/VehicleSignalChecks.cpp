@@ -129,6 +129,7 @@ TEST(VehicleSignals, MoveTheBindingsOfAProductsPolicyAndAreUnknownWhileTheLineIs
         {"set Car.Gear P", "P 12.5 1500 -7.5 249 100250 423000 moving night"},
         {"quit", " NaN 1500 -7.5 249 100250 423000 moving night away restricted"},
         {"", " NaN 1500 -7.5 249 100250 423000 moving night restricted"},
+        {"set Vehicle.Cabin.Lights.IsNight no", " NaN 1500 -7.5 249 100250 423000 moving night restricted"},
         {"set Car.Gear P", "P NaN 1500 -7.5 249 100250 423000 moving night"},
         {"set Vehicle.Speed 3.5", "P 3.5 1500 -7.5 249 100250 423000 moving night"},
     };

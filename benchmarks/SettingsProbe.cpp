@@ -10,6 +10,7 @@
 #include <QQmlEngine>
 #include <QSettings>
 #include <QThread>
+#include <QTimer>
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -88,14 +89,19 @@ static void readByScript(const std::string& aFolder, int aCount)
     QJSValue read = engine.evaluate(
         QStringLiteral("(function(count) { let sum = 0; for (let n = 0; n < count; ++n) "
                        "sum += 1 + manager.getGlobalSettingInt('setting0').value; return sum; })"));
-    // What the engine has collected is deleted from the event loop.
+    // What the engine has collected is deleted by an event loop.
+    const auto runEvents = [] {
+        QEventLoop loop;
+        QTimer::singleShot(0, &loop, &QEventLoop::quit);
+        loop.exec();
+    };
     const auto readMany = [&](int aTimes) {
         for (int count = 0; count < aTimes; count += ReadsInTurn) {
             require(read.call({ReadsInTurn}).toInt() == ReadsInTurn, "reading by a script");
-            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            runEvents();
         }
         engine.collectGarbage();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        runEvents();
         return privateKilobytes();
     };
     const long before = readMany(aCount / 5);

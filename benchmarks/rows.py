@@ -3,7 +3,7 @@ from collections import namedtuple
 
 Row = namedtuple("Row", "measured ours peer ratio aim held")
 HEAD = Row("measured", "ours", "peer", "ratio", "aim", "")
-WIDTHS = (70, 9, 9, 9, 11, 8)
+WIDTHS = (74, 9, 9, 9, 11, 8)
 SCALES = {"ns": [(1e9, "s"), (1e6, "ms"), (1e3, "µs"), (0, "ns")], "kB": [(10240, "MB"), (0, "kB")], "": [(0, "")]}
 MULTIPLES = {"s": 1e9, "ms": 1e6, "µs": 1e3, "MB": 1024}
 

@@ -1,5 +1,7 @@
 #include "Clients.h"
 
+#include <limits>
+
 #include <hmi/shared/signal-service/DataBuffer.h>
 #include <platform/data-manager/DataManager.h>
 
@@ -34,7 +36,8 @@ void Clients::use(int aValue)
     update.checkForUpdates();
     update.startDownload();
     update.resumeDownload();
-    notifications.dismiss(1);
+    // That is never there: a call which the bus delivers late would take one that is waited for.
+    notifications.dismiss(std::numeric_limits<int>::max());
     bugs.CreateBugReport();
     readers.last()->RequestUpdate();
     writer.PutValue(MemcpyToDataBuffer(aValue));

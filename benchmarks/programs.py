@@ -3,6 +3,10 @@ import json
 import subprocess
 import sys
 
+# Many short turns: what slows a machine for seconds then slows some of each.
+TURNS = 31
+TURN_TIME = 0.03  # seconds
+
 
 def run(command, environment=None):
     done = subprocess.run(command, env=environment, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
@@ -14,8 +18,8 @@ def run(command, environment=None):
 def medians(command, environment=None, only="."):
     """Nanoseconds of each of a program's benchmarks whose names match."""
     output = run(
-        [*command, f"--benchmark_filter={only}", "--benchmark_format=json", "--benchmark_repetitions=9",
-         "--benchmark_min_time=0.1", "--benchmark_enable_random_interleaving=true",
+        [*command, f"--benchmark_filter={only}", "--benchmark_format=json", f"--benchmark_repetitions={TURNS}",
+         f"--benchmark_min_time={TURN_TIME}", "--benchmark_enable_random_interleaving=true",
          "--benchmark_report_aggregates_only=true"],
         environment)
     times = {}

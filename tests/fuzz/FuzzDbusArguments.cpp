@@ -2,6 +2,7 @@
 #include "DbusValues.h"
 #include "Surroundings.h"
 
+#include <QDeadlineTimer>
 #include <QLoggingCategory>
 #include <QVector>
 #include <optional>
@@ -228,6 +229,10 @@ private:
 
     void takeList()
     {
+        // On a machine that is busy for seconds the list is given up, and asked for again.
+        const QDeadlineTimer deadline(25000);
+        while (!mBent && !mModel->getServiceAvailable() && !deadline.hasExpired())
+            mService.settle();
         mShown.clear();
         for (auto entry = mListed.cbegin(); entry != mListed.cend(); ++entry)
             mShown.append({static_cast<int>(entry.key()), entry->priority, entry->notificationType,

@@ -1,6 +1,7 @@
 #include <platform/data-manager/SettingDefaults.h>
 
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonParseError>
 #include <limits>
@@ -13,6 +14,11 @@ static constexpr qint64 MaximumFileSize = 4LL * 1024 * 1024;
 
 static QJsonObject readFile(const QString& aPath)
 {
+    // A pipe or a device would be waited for.
+    if (QFileInfo::exists(aPath) && !QFileInfo(aPath).isFile()) {
+        qWarning("The default settings '%s' are no regular file.", qUtf8Printable(aPath));
+        return QJsonObject();
+    }
     QFile file(aPath);
     if (!file.open(QFile::ReadOnly)) {
         qWarning("The default settings '%s' cannot be opened: %s.", qUtf8Printable(aPath),

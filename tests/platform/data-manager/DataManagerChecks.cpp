@@ -1,9 +1,11 @@
 #include <platform/data-manager/DataManager.h>
 
+#include <QFile>
 #include <QFileInfo>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
+#include <sys/stat.h>
 #include <tests/support/ExpectedMessages.h>
 
 #include "StoreFolder.h"
@@ -210,6 +212,21 @@ TEST_F(DataManagerOperations, RefuseValuesOfAnotherType)
     EXPECT_EQ(Settings::getDefaultSettingValue(text("none"), name), DataManager::NoDefault);
     Settings::setGlobalSetting(text("count"), text("three"));
     EXPECT_EQ(Settings::getGlobalSetting(text("count"), name), DataManager::Ok) << "the latest write decides";
+}
+
+TEST_F(DataManagerOperations, StartWithoutDefaultsThatCannotBeRead)
+{
+    ASSERT_EQ(::mkfifo(QFile::encodeName(path("pipe")).constData(), 0600), 0);
+    HmiTest::writeFile(folder, "list.json", "[1]");
+    const std::pair<const char*, const char*> faults[] = {{"none.json", "cannot be opened"},
+                                                          {"pipe", "no regular file"},
+                                                          {".", "no regular file"},
+                                                          {"list.json", "not a JSON object"}};
+    for (const auto& [file, fault] : faults) {
+        HmiTest::expectMessageMatching(QtWarningMsg, text(".*%1.*").arg(QLatin1String(fault)));
+        ASSERT_EQ(start(QByteArray("[Storage]\nDefaults=") + file), DataManager::Ok) << file;
+        DataManager::ShutDown();
+    }
 }
 
 TEST_F(DataManagerOperations, WriteABatchAtItsEnd)

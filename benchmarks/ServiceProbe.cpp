@@ -41,7 +41,7 @@ static const QString IsEnabled = QStringLiteral("GetIsNotificationEnabledFromTyp
 static const QString List = QStringLiteral("GetCurrentNotifications");
 static const QString Type = QStringLiteral("SoftwareUpdate");
 
-static constexpr int CallTimeout = 2000; ///< milliseconds; the client's
+static constexpr int CallTimeout = 1900; ///< milliseconds; the client's
 
 static QDBusMessage methodCall(const QString& aMethod, const QVariantList& aArguments)
 {

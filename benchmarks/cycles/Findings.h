@@ -30,7 +30,7 @@ public:
     Duration answered{"a call that waits, while the service answers or is gone", 50};
     Duration cutOff{"a call that waits, with the service killed after 100 ms", 150};
     /** Two seconds; Qt's timers are right to a twentieth. */
-    Duration unanswered{"a call that waits, while the service hangs", 2100 + 50};
+    Duration unanswered{"a call that waits, while the service hangs", 2000 + 50};
     Duration subscribed{"everything was subscribed again", 1500};
 
 private:

@@ -2,7 +2,8 @@
 
 namespace BugReport {
 
-static constexpr int CallTimeout = 2000; ///< milliseconds
+/** In milliseconds: two seconds, less the 5 % by which the timer of a call may be late. */
+static constexpr int CallTimeout = 1900;
 
 BugReportClient::BugReportClient(const QDBusConnection& aConnection, QObject* aParent) :
     ComKorvexBugReportInterface(QStringLiteral("com.korvex.BugReport"),

@@ -2,7 +2,8 @@
 
 namespace NotificationMgr {
 
-static constexpr int CallTimeout = 2000; ///< milliseconds
+/** In milliseconds: two seconds, less the 5 % by which the timer of a call may be late. */
+static constexpr int CallTimeout = 1900;
 
 NotificationManagerClient::NotificationManagerClient(const QDBusConnection& aConnection, QObject* aParent) :
     ComKorvexNotificationManagerInterface(QStringLiteral("com.korvex.NotificationManager"),

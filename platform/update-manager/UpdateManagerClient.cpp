@@ -2,7 +2,8 @@
 
 namespace UpdateManager {
 
-static constexpr int CallTimeout = 5000; ///< milliseconds
+/** In milliseconds: five seconds, less the 5 % by which the timer of a call may be late. */
+static constexpr int CallTimeout = 4750;
 
 UpdateManagerClient::UpdateManagerClient(const QDBusConnection& aConnection, QObject* aParent) :
     ComKorvexUpdateManagerInterface(QStringLiteral("com.korvex.UpdateManager"),

@@ -44,7 +44,7 @@ bool load(const QString& aFilePath)
     QFile file(aFilePath);
     if (!file.open(QIODevice::ReadOnly))
         return refuse(aFilePath, file.errorString() + QStringLiteral(". Check its access rights."));
-    const QByteArray content = file.read(MaximumSize + 1);
+    const QByteArray content = file.read(qMin(file.size(), MaximumSize) + 1);
     if (content.size() > MaximumSize)
         return refuse(aFilePath, QStringLiteral("it is larger than 4 MiB. Export the settings anew."));
     QJsonParseError error;

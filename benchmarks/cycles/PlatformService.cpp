@@ -59,10 +59,12 @@ void PlatformService::end(int aSignal)
 
 void PlatformService::command(const QByteArray& aLine)
 {
+    // Only who waits reads the pipe, and a full one would hold the service.
+    while (mProcess->waitForReadyRead(0))
+        mProcess->readAllStandardOutput();
+    mLines.clear();
     mProcess->write(aLine + '\n');
     mProcess->waitForBytesWritten(Patience);
-    mProcess->readAllStandardOutput();
-    mLines.clear();
 }
 
 void PlatformService::command(const QByteArray& aLine, const QByteArray& aAnswer)
@@ -74,6 +76,7 @@ void PlatformService::command(const QByteArray& aLine, const QByteArray& aAnswer
 void PlatformService::waitFor(const QByteArray& aLine)
 {
     const QDeadlineTimer deadline(Patience);
+    mLines += mProcess->readAllStandardOutput();
     while (!('\n' + mLines).contains('\n' + aLine + '\n')) {
         require(mProcess->waitForReadyRead(static_cast<int>(deadline.remainingTime())), aLine.constData());
         mLines += mProcess->readAllStandardOutput();

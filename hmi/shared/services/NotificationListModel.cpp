@@ -74,6 +74,9 @@ void NotificationListModel::ask()
     if (!mFollowed.load()->connection().isConnected())
         return setServiceAvailable(false);
     mAsked = new QDBusPendingCallWatcher(mFollowed.load()->GetCurrentNotifications(), this);
+    // Qt would tell of an answer that was there before the watcher behind signals that came later.
+    if (mAsked->isFinished())
+        return onListed(mAsked);
     connect(mAsked, &QDBusPendingCallWatcher::finished, this, &NotificationListModel::onListed);
 }
 

@@ -1,6 +1,7 @@
 #include <platform/data-manager/SqliteConnection.h>
 
 #include <QFile>
+#include <platform/data-manager/Value.h>
 
 namespace DataManager {
 
@@ -47,7 +48,7 @@ int SqliteStatement::run()
 QString SqliteStatement::text(int aColumn) const
 {
     const void* const text = sqlite3_column_text(mStatement.get(), aColumn);
-    return QString::fromUtf8(static_cast<const char*>(text), sqlite3_column_bytes(mStatement.get(), aColumn));
+    return textOfUtf8(static_cast<const char*>(text), sqlite3_column_bytes(mStatement.get(), aColumn));
 }
 
 QByteArray SqliteStatement::bytes(int aColumn) const

@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <cstring>
 #include <type_traits>
 #include <variant>
 
@@ -11,6 +12,14 @@ namespace DataManager {
 
 /** The value of a setting, with its type. */
 using Value = std::variant<bool, int, double, QString, QByteArray>;
+
+/** QString::fromUtf8() would drop a byte-order mark at the beginning. */
+inline QString textOfUtf8(const char* aBytes, int aSize)
+{
+    const QString text = QString::fromUtf8(aBytes, aSize);
+    return aSize >= 3 && std::memcmp(aBytes, "\xEF\xBB\xBF", 3) == 0 ? QChar(QChar::ByteOrderMark) + text
+                                                                     : text;
+}
 
 /** Whose a setting is. */
 enum class Scope { Protected, Global, User, AllUsers };

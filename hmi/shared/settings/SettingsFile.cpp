@@ -22,7 +22,8 @@ bool save(const QString& aFilePath)
 {
     QJsonObject settings;
     SettingsManager::instance()->toJson(settings);
-    const QByteArray content = QJsonDocument(settings).toJson();
+    // Reading it, QJsonDocument would drop a byte-order mark at the beginning of a text.
+    const QByteArray content = QJsonDocument(settings).toJson().replace("\xEF\xBB\xBF", "\\ufeff");
     QSaveFile file(aFilePath);
     // Without flush() commit() would not see that the rest of a short file found no room.
     if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.flush() &&

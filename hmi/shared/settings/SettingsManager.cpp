@@ -7,6 +7,7 @@
 #include <hmi/shared/settings/DataManagerWrapper.h>
 #include <hmi/shared/settings/SettingLocale.h>
 #include <hmi/shared/settings/SharedSettings.h>
+#include <platform/data-manager/Value.h>
 
 namespace Hmi::Shared {
 
@@ -221,7 +222,7 @@ QVariant SettingsManager::getSettingValue(const QString& aName) const
 static QJsonValue jsonOf(const QVariant& aValue)
 {
     const QByteArray bytes = aValue.toByteArray();
-    return aValue.type() == QVariant::ByteArray ? QString::fromUtf8(bytes.constData(), bytes.size())
+    return aValue.type() == QVariant::ByteArray ? DataManager::textOfUtf8(bytes.constData(), bytes.size())
                                                 : QJsonValue::fromVariant(aValue);
 }
 

@@ -64,6 +64,7 @@ TEST_F(DataManagerOperations, KeepEveryTypeOfValueInEveryScope)
         expectKept(*this, text("double"), real);
     expectKept(*this, text("text"), QString());
     expectKept(*this, text("text"), text("Grüße,\n\"quoted\" 'and' \\ 日本 🚗"));
+    expectKept(*this, text("text"), QChar(QChar::ByteOrderMark) + text("marked"));
     expectKept(*this, text("bytes"), QByteArray("\0\xff\n'", 4));
     expectKept(*this, text("bytes"), QByteArray());
 }

@@ -150,6 +150,26 @@ TEST_F(Settings, FollowWhatOthersStoreUnderTheirKeyInTheirCategory)
     EXPECT_EQ(DataManager::Settings::releaseSettingChangedSignal(key, owner), DataManager::SettingNotFound);
 }
 
+TEST_F(Settings, KeepByteOrderMarksInAFile)
+{
+    HmiSharedGlobal* global = HmiSharedGlobal::instance();
+    const QString marked = QString(2, QChar::ByteOrderMark) + QLatin1Char('x');
+    QList<Setting*> settings;
+    for (const auto& [name, type] :
+         {std::pair("text", Setting::SettingTypeString), std::pair("bytes", Setting::SettingTypeByteArray)})
+        settings << new Setting(QLatin1String(name), QLatin1String(name), type, QByteArray(), Global);
+    mManager->addSettings(settings);
+    const auto set = [&](const QString& aText) {
+        settings.first()->setValue(aText);
+        settings.last()->setValue(aText.toUtf8());
+    };
+    set(marked);
+    ASSERT_TRUE(global->exportSettings(mFolder.path()));
+    set(QString());
+    ASSERT_TRUE(global->importSettings(mFolder.path()));
+    EXPECT_EQ(values({"text", "bytes"}), (QVariantList{marked, marked.toUtf8()}));
+}
+
 TEST_F(Settings, AreExportedAndImportedByName)
 {
     HmiSharedGlobal* global = HmiSharedGlobal::instance();

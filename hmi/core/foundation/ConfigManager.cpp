@@ -1,9 +1,11 @@
 #include <hmi/core/foundation/ConfigManager.h>
 
+#include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QSettings>
 #include <algorithm>
+#include <utility>
 
 namespace Hmi::Core {
 
@@ -56,12 +58,36 @@ static bool warnNotLoaded(const QString& aFilePath, const QString& aReason)
     return false;
 }
 
+/** QSettings searches the rest of the file for the end of each group's name: minutes, where there is none. */
+static bool hasManyOpenBrackets(const QString& aFilePath)
+{
+    QFile file(aFilePath);
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    int brackets = 0;
+    bool isOpen = false;
+    for (const char character : file.readAll()) {
+        if (character == '[')
+            isOpen = true;
+        else if (character == ']')
+            isOpen = false;
+        else if (character == '\n' || character == '\r')
+            brackets += std::exchange(isOpen, false) ? 1 : 0;
+    }
+    return brackets > ConfigManager::MostOpenBrackets;
+}
+
 bool ConfigManager::load(const QString& aFilePath)
 {
     const QFileInfo info(aFilePath);
     const QString reason = refusal(info);
     if (!reason.isEmpty())
         return warnNotLoaded(aFilePath, reason);
+    if (info.size() > LargeFileSize && hasManyOpenBrackets(aFilePath))
+        return warnNotLoaded(aFilePath,
+                             QStringLiteral("it has more than %1 lines with a \"[\" that no \"]\" closes; "
+                                            "check that it is the right file")
+                                 .arg(MostOpenBrackets));
     QSettings settings(aFilePath, QSettings::IniFormat);
     if (settings.status() == QSettings::AccessError)
         return warnNotLoaded(aFilePath, QStringLiteral("reading it is not permitted"));

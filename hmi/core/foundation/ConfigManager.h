@@ -31,6 +31,10 @@ class Q_DECL_EXPORT ConfigManager : public SingletonCpp<ConfigManager>
 public:
     /** Files larger than this many bytes are refused; a configuration is a few kilobytes. */
     static constexpr qint64 MaximumFileSize = 4LL * 1024 * 1024;
+    /** Beyond this many bytes, files with more lines than this that open a bracket and do not close it are.
+     */
+    static constexpr qint64 LargeFileSize = 64LL * 1024;
+    static constexpr int MostOpenBrackets = 1000;
 
     /** The process's configuration is instance(); others may exist beside it. */
     ConfigManager() = default;

@@ -2,6 +2,7 @@
 
 #include <tests/hmi/core/foundation/ConfigFolder.h>
 #include <tests/support/ExpectedMessages.h>
+#include <tests/support/FilesAndWaits.h>
 
 using namespace HmiTest;
 
@@ -88,7 +89,11 @@ TEST_F(ConfigFile, ThatCannotBeReadChangesNothing)
     QFile huge(inFolder("huge.ini"));
     ASSERT_TRUE(huge.open(QFile::WriteOnly) && huge.resize(100 * 1024 * 1024));
 
+    writeFile(mFolder, "open.ini", QByteArray("[x\n").repeated(1000 * 1000));
+
     const std::pair<QString, const char*> rows[] = {
+        {inFolder("open.ini"),
+         "it has more than 1000 lines with a \"[\" that no \"]\" closes; check that it is the right file."},
         {inFolder("missing.ini"), "it does not exist."},
         {mFolder.path(), "it is not a regular file."},
         {socket.fullServerName(), "it is not a regular file."},

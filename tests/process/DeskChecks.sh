@@ -10,7 +10,7 @@ unset DISPLAY WAYLAND_DISPLAY QT_QPA_PLATFORM
 pid=
 trap 'kill $pid 2>/dev/null; wait; rm -rf "$folder"' EXIT
 options=(--built "$built" --data "$folder/data")
-if ldd "$built/examples/headunit/headunit" | grep -q libasan; then
+if grep -q libasan <<<"$(ldd "$built/examples/headunit/headunit")"; then
     # Qt's engine keeps memory until exit; leaks are looked for in the component checks.
     export ASAN_OPTIONS=detect_leaks=0
 fi

@@ -29,7 +29,7 @@ public:
     Duration restOfMessage{"the GUI thread waited for the rest of a message", 250 + 50};
     Duration answered{"a call that waits, while the service answers or is gone", 50};
     Duration cutOff{"a call that waits, with the service killed after 100 ms", 150};
-    /** Two seconds; Qt's timers are right to a twentieth. */
+    /** Two seconds. */
     Duration unanswered{"a call that waits, while the service hangs", 2000 + 50};
     Duration subscribed{"everything was subscribed again", 1500};
 

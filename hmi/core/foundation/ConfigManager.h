@@ -31,7 +31,9 @@ class Q_DECL_EXPORT ConfigManager : public SingletonCpp<ConfigManager>
 public:
     /** Files larger than this many bytes are refused; a configuration is a few kilobytes. */
     static constexpr qint64 MaximumFileSize = 4LL * 1024 * 1024;
-    /** Beyond this many bytes, files with more lines than this that open a bracket and do not close it are.
+    /**
+     * So is a file of more than LargeFileSize bytes when more than MostOpenBrackets of its lines open a
+     * bracket and do not close it, as QSettings would need minutes for it.
      */
     static constexpr qint64 LargeFileSize = 64LL * 1024;
     static constexpr int MostOpenBrackets = 1000;

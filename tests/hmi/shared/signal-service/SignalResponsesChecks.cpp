@@ -34,6 +34,11 @@ struct SignalResponses : HmiTest::SignalLine
     {
         return HmiTest::SignalPeer::frame(aKind + QByteArray::fromStdString(aResponse.SerializeAsString()));
     }
+    /** One more for the end of what is told, which may come in another turn of the event loop. */
+    bool isActiveTold(int aBefore, int aTimes) const
+    {
+        return HmiTest::waitUntil([=] { return active->count() == aBefore + aTimes + 1; });
+    }
     template <class Object, class... Arguments, class Tell>
     void note(Object& aObject, void (Object::*aSignal)(Arguments...), Tell aTell)
     {
@@ -106,20 +111,22 @@ TEST_F(SignalResponses, TellWhatTheirKindSaysOrNothing)
             const int before = active->count();
             const std::string told = this->told(frameOfKind(kind.number, response));
             if (kind.number == 1)
-                EXPECT_EQ(active->count(), before + (required ? 1 : 2));
+                EXPECT_TRUE(isActiveTold(before, required ? 0 : 1));
             else
                 EXPECT_EQ(told, required ? "" : kind.told);
         }
     }
     // Without a kind it is the default's; an unknown one is no default, wherever the sender wrote it.
-    for (const auto& [kind, count] : {std::pair{"", 2}, {"0809", 1}, {"08ffffffffffffffffff01", 1}}) {
+    for (const auto& [kind, count] : {std::pair{"", 1}, {"0809", 0}, {"08ffffffffffffffffff01", 0}}) {
         const int before = active->count();
         told(peerFrame(QByteArray::fromHex(kind), fullResponse()));
-        EXPECT_EQ(active->count(), before + count) << kind;
+        EXPECT_TRUE(isActiveTold(before, count)) << kind;
     }
     ResponseMessage off = fullResponse();
     off.set_active(false);
+    const int before = active->count();
     told(frameOfKind(1, off));
+    ASSERT_TRUE(isActiveTold(before, 1));
     EXPECT_FALSE(active->at(active->count() - 2)[0].toBool());
 }
 

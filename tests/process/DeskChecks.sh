@@ -10,6 +10,7 @@ unset DISPLAY WAYLAND_DISPLAY QT_QPA_PLATFORM
 pid=
 trap 'kill $pid 2>/dev/null; wait; rm -rf "$folder"' EXIT
 options=(--built "$built" --data "$folder/data")
+# No pipe: grep would end ldd early, which pipefail takes for a failure.
 if grep -q libasan <<<"$(ldd "$built/examples/headunit/headunit")"; then
     # Qt's engine keeps memory until exit; leaks are looked for in the component checks.
     export ASAN_OPTIONS=detect_leaks=0

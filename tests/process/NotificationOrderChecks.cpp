@@ -1,10 +1,12 @@
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
+#include <QStringList>
 #include <gtest/gtest.h>
 #include <hmi/shared/services/NotificationListModel.h>
 #include <tests/support/FilesAndWaits.h>
 #include <tests/support/PrivateBus.h>
+#include <utility>
 
 namespace {
 

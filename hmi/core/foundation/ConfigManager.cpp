@@ -37,27 +37,6 @@ void ConfigManager::setPlaceholders(const QHash<QString, QString>& aPlaceholders
     mPlaceholders = aPlaceholders;
 }
 
-/** Why the file is not to be read; empty when it is. */
-static QString refusal(const QFileInfo& aInfo)
-{
-    if (!aInfo.exists())
-        return QStringLiteral("it does not exist");
-    if (!aInfo.isFile())
-        return QStringLiteral("it is not a regular file");
-    if (aInfo.size() > ConfigManager::MaximumFileSize)
-        return QStringLiteral("its %1 bytes exceed the limit of %2; check that it is the right file")
-            .arg(aInfo.size())
-            .arg(ConfigManager::MaximumFileSize);
-    return QString();
-}
-
-static bool warnNotLoaded(const QString& aFilePath, const QString& aReason)
-{
-    qWarning("WARNING: The config file, %s, could not be loaded because %s.",
-             aFilePath.toLocal8Bit().constData(), qPrintable(aReason));
-    return false;
-}
-
 /** QSettings searches the rest of the file for the end of each group's name: minutes, where there is none. */
 static bool hasManyOpenBrackets(const QString& aFilePath)
 {
@@ -77,17 +56,37 @@ static bool hasManyOpenBrackets(const QString& aFilePath)
     return brackets > ConfigManager::MostOpenBrackets;
 }
 
+/** Why the file is not to be read; empty when it is. */
+static QString refusal(const QFileInfo& aInfo)
+{
+    if (!aInfo.exists())
+        return QStringLiteral("it does not exist");
+    if (!aInfo.isFile())
+        return QStringLiteral("it is not a regular file");
+    if (aInfo.size() > ConfigManager::MaximumFileSize)
+        return QStringLiteral("its %1 bytes exceed the limit of %2; check that it is the right file")
+            .arg(aInfo.size())
+            .arg(ConfigManager::MaximumFileSize);
+    if (aInfo.size() > ConfigManager::LargeFileSize && hasManyOpenBrackets(aInfo.filePath()))
+        return QStringLiteral("it has more than %1 lines with a \"[\" that no \"]\" closes; check that it is "
+                              "the right file")
+            .arg(ConfigManager::MostOpenBrackets);
+    return QString();
+}
+
+static bool warnNotLoaded(const QString& aFilePath, const QString& aReason)
+{
+    qWarning("WARNING: The config file, %s, could not be loaded because %s.",
+             aFilePath.toLocal8Bit().constData(), qPrintable(aReason));
+    return false;
+}
+
 bool ConfigManager::load(const QString& aFilePath)
 {
     const QFileInfo info(aFilePath);
     const QString reason = refusal(info);
     if (!reason.isEmpty())
         return warnNotLoaded(aFilePath, reason);
-    if (info.size() > LargeFileSize && hasManyOpenBrackets(aFilePath))
-        return warnNotLoaded(aFilePath,
-                             QStringLiteral("it has more than %1 lines with a \"[\" that no \"]\" closes; "
-                                            "check that it is the right file")
-                                 .arg(MostOpenBrackets));
     QSettings settings(aFilePath, QSettings::IniFormat);
     if (settings.status() == QSettings::AccessError)
         return warnNotLoaded(aFilePath, QStringLiteral("reading it is not permitted"));
